@@ -1,0 +1,28 @@
+#pragma once
+
+#include "dbstatus.h"
+#include "resultset.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+// What the tool needs of a database connection, and nothing more. The window
+// and the run talk only to this, so tests can script a server.
+class Connection
+{
+public:
+    virtual ~Connection() = default;
+
+    // Fails when the connection is already open.
+    virtual DbStatus open(const QString &connectionString) = 0;
+    // Sends the text as it stands and discards any result.
+    virtual DbStatus execute(const QString &sql) = 0;
+    // Replaces `into` only when the query succeeds.
+    virtual DbStatus query(const QString &sql, ResultSet &into) = 0;
+    virtual DbStatus close() = 0;
+    virtual bool isOpen() const = 0;
+};
+
+using ConnectionFactory = std::function<std::unique_ptr<Connection>()>;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "connection.h"
+
+#include <QString>
+
+#include <memory>
+
+// The process-wide shared connection and the routines that open it.
+class mdZRT
+{
+public:
+    explicit mdZRT(ConnectionFactory factory);
+
+    // Created empty on first use, then kept for the life of the module.
+    Connection &SharedConnection();
+    bool ConnectionOpened() const { return m_connectionOpened; }
+    // Put behind ";Data Source=" in the run's string; nothing assigns it, so
+    // the run always works on the local default server.
+    const QString &DataSource() const { return m_dataSource; }
+
+    void OpenConnection(const QString &mode, const QString &server, const QString &database);
+    void OpenFallbackConnection();
+
+private:
+    ConnectionFactory m_factory;
+    std::unique_ptr<Connection> m_sharedConnection;
+    bool m_connectionOpened = false;
+    const QString m_dataSource;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "dbstatus.h"
+
+#include <QList>
+#include <QStringList>
+#include <QVariant>
+
+#include <optional>
+
+// A result set read whole into memory when its query ran, so the connection is
+// free for the next statement while the set stays "open" in a variable.
+// A default-constructed set was never opened: its end test fails.
+class ResultSet
+{
+public:
+    ResultSet() = default;
+    ResultSet(QStringList columns, QList<QVariantList> rows,
+              std::optional<DbStatus> fetchError = std::nullopt);
+
+    bool isOpen() const { return m_open; }
+    // nullopt when the set is not open: the test itself fails.
+    std::optional<bool> atEnd() const;
+    // nullopt when the set is closed, at its end, or has no such column.
+    std::optional<QVariant> field(const QString &name) const;
+    // Fails when the set is closed or at its end, or when the server dropped
+    // the connection after the rows fetched so far.
+    DbStatus moveNext();
+    void close();
+
+private:
+    QStringList m_columns;
+    QList<QVariantList> m_rows;
+    std::optional<DbStatus> m_fetchError;
+    qsizetype m_position = 0;
+    bool m_open = false;
+};

@@ -1,0 +1,97 @@
+#include "maintenancerun.h"
+
+#include "mdzrt.h"
+#include "runplan.h"
+
+#include <QElapsedTimer>
+
+namespace {
+
+constexpr int kProgressMaximum = 1000;
+constexpr int kStartProgress = 100;
+
+} // namespace
+
+MaintenanceRun::MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &recordsets)
+    : m_module(module)
+    , m_host(host)
+    , m_recordsets(recordsets)
+{
+}
+
+void MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
+{
+    m_host.setCaption(QString::number(0) + QLatin1Char('%'));
+    m_host.showWindow();
+    m_host.setProgressMaximum(kProgressMaximum);
+    m_host.bringToFront();
+    m_host.setProgress(kStartProgress);
+    m_host.yieldToPendingEvents();
+
+    m_module.OpenConnection(choice.mode, choice.server, choice.database);
+    if (!m_module.ConnectionOpened()) {
+        const DatabaseFile file = m_host.chooseDatabaseFile();
+        ExecuteIgnoringErrors(createDatabaseStatement(file.title, file.fullName));
+        m_module.SharedConnection().close();
+        m_module.OpenConnection(choice.mode, choice.server, choice.database);
+    }
+
+    walk(steps);
+
+    m_host.setCaption(QStringLiteral("100%"));
+    m_host.setProgress(kProgressMaximum);
+    m_host.hideProcessButton();
+    m_host.setCaption(QStringLiteral("MANAGING DATABASE PROCESS HAS COMPLETED."));
+    m_host.showEndButton();
+}
+
+void MaintenanceRun::walk(const Steps &steps)
+{
+    for (const Step &step : steps) {
+        switch (step.kind) {
+        case Step::Kind::Execute:
+            ExecuteIgnoringErrors(step.text);
+            break;
+        case Step::Kind::Guard:
+            if (QueryReturnsNoRows(step.text, recordset(step.recordset)))
+                walk(step.whenNoRows);
+            break;
+        case Step::Kind::Progress:
+            m_host.setProgress(step.progress);
+            ++m_phase;
+            break;
+        }
+    }
+}
+
+void MaintenanceRun::ExecuteIgnoringErrors(const QString &sql)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const DbStatus status = m_module.SharedConnection().execute(sql);
+    m_host.statementExecuted({m_phase, sql, false, status, timer.nsecsElapsed()});
+}
+
+bool MaintenanceRun::QueryReturnsNoRows(const QString &select, ResultSet &into)
+{
+    QElapsedTimer timer;
+    timer.start();
+    // A failing Select leaves the variable's earlier result set in place.
+    const DbStatus status = m_module.SharedConnection().query(select, into);
+    m_host.statementExecuted({m_phase, select, true, status, timer.nsecsElapsed()});
+    // A failing end test counts as no row, so the guarded insert is tried.
+    return into.atEnd().value_or(true);
+}
+
+ResultSet &MaintenanceRun::recordset(Recordset which)
+{
+    switch (which) {
+    case Recordset::Check:
+        return m_recordsets.check;
+    case Recordset::InnerCheck:
+        return m_recordsets.innerCheck;
+    case Recordset::Config:
+        return m_configRecordset;
+    }
+    Q_UNREACHABLE();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "resultset.h"
+#include "runhost.h"
+#include "step.h"
+
+#include <QString>
+
+class mdZRT;
+
+// The operator's three choices, as the window's lists hold them.
+struct RunChoice
+{
+    QString mode;
+    QString server;
+    QString database;
+};
+
+// The result-set variables that outlive a run: they belong to the window.
+struct CheckRecordsets
+{
+    ResultSet check;
+    ResultSet innerCheck;
+};
+
+// The maintenance run from the "0%" caption to the completion text. Every
+// failure after the yield is skipped silently; the host hears of it only
+// through statementExecuted().
+class MaintenanceRun
+{
+public:
+    MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &recordsets);
+
+    void run(const RunChoice &choice, const Steps &steps);
+
+    void ExecuteIgnoringErrors(const QString &sql);
+    bool QueryReturnsNoRows(const QString &select, ResultSet &into);
+
+private:
+    void walk(const Steps &steps);
+    ResultSet &recordset(Recordset which);
+
+    mdZRT &m_module;
+    RunHost &m_host;
+    CheckRecordsets &m_recordsets;
+    ResultSet m_configRecordset;
+    int m_phase = 1;
+};

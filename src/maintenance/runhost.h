@@ -1,0 +1,42 @@
+#pragma once
+
+#include "dbstatus.h"
+
+#include <QString>
+
+// The file chosen for a database that must be created; both empty when the
+// choice was cancelled.
+struct DatabaseFile
+{
+    QString fullName; // folder and name: the base of the data and log files
+    QString title;    // the name alone: the new database's name
+};
+
+// One statement as the server answered it.
+struct StatementOutcome
+{
+    int phase = 1; // 1: creation and drops; each progress mark starts the next
+    QString text;
+    bool isQuery = false;
+    DbStatus status;
+    qint64 nanoseconds = 0;
+};
+
+// What the run drives: the window, or the command line in its place. The run
+// reports progress and outcomes outward and knows nothing of widgets.
+class RunHost
+{
+public:
+    virtual ~RunHost() = default;
+
+    virtual void setCaption(const QString &caption) = 0;
+    virtual void showWindow() = 0;
+    virtual void setProgressMaximum(int maximum) = 0;
+    virtual void bringToFront() = 0;
+    virtual void setProgress(int value) = 0;
+    virtual void yieldToPendingEvents() = 0;
+    virtual DatabaseFile chooseDatabaseFile() = 0;
+    virtual void hideProcessButton() = 0;
+    virtual void showEndButton() = 0;
+    virtual void statementExecuted(const StatementOutcome &) {}
+};
