@@ -1,5 +1,7 @@
 #include "odbcconnection.h"
 
+#include "odbcconnectionstring.h"
+
 #include <QAtomicInteger>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -116,4 +118,11 @@ DbStatus OdbcConnection::close()
 bool OdbcConnection::isOpen() const
 {
     return m_open;
+}
+
+ConnectionFactory sqlServerConnections()
+{
+    return [] {
+        return std::make_unique<OdbcConnection>([](const QString &oleDb) { return odbcFromOleDb(oleDb); });
+    };
 }

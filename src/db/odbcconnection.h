@@ -25,3 +25,6 @@ private:
     QString m_name;
     bool m_open = false;
 };
+
+// Connections to SQL Server through the configured ODBC driver.
+ConnectionFactory sqlServerConnections();

@@ -8,9 +8,13 @@ namespace {
 constexpr int kDefaultPort = 1433;
 
 // OLE DB keywords are case-insensitive; a value may be quoted with ' or ",
-// a doubled quote standing for itself. A later keyword replaces an earlier one.
+// a doubled quote standing for itself. The system's strings end with the
+// catalog and the data source, whose texts are typed by the operator: the
+// catalog runs to the last ";Data Source=" and the data source to the end, so
+// that no typed text can add or change a keyword.
 QHash<QString, QString> parseOleDb(const QString &text)
 {
+    static const QLatin1String dataSourceKey(";Data Source=");
     QHash<QString, QString> pairs;
     qsizetype i = 0;
     const qsizetype n = text.size();
@@ -25,10 +29,15 @@ QHash<QString, QString> parseOleDb(const QString &text)
         }
         const QString key = text.mid(i, equals - i).trimmed().toLower();
         i = equals + 1;
-        while (i < n && text[i] == QLatin1Char(' '))
-            ++i;
         QString value;
-        if (i < n && (text[i] == QLatin1Char('\'') || text[i] == QLatin1Char('"'))) {
+        if (key == QLatin1String("data source")) {
+            value = text.mid(i);
+            i = n;
+        } else if (key == QLatin1String("initial catalog")) {
+            const qsizetype end = text.lastIndexOf(dataSourceKey, -1, Qt::CaseInsensitive);
+            value = text.mid(i, (end < i ? n : end) - i);
+            i = end < i ? n : end + 1;
+        } else if (i < n && (text[i] == QLatin1Char('\'') || text[i] == QLatin1Char('"'))) {
             const QChar quote = text[i++];
             while (i < n) {
                 if (text[i] == quote) {

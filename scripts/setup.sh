@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Installs what is missing, registers the ODBC drivers and builds in build/.
+# A second call installs and rebuilds nothing that is already there.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+packages=(cmake g++ make qt6-base-dev libqt6sql6-odbc unixodbc unixodbc-dev odbcinst tdsodbc libsqliteodbc)
+missing=()
+for package in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    $sudo apt-get update
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y "${missing[@]}"
+fi
+
+register_driver() { # name, library file
+    if ! odbcinst -q -d -n "$1" >/dev/null 2>&1; then
+        library=$(find /usr/lib -name "$2" 2>/dev/null | head -n 1)
+        [ -n "$library" ] || { echo "ODBC driver library $2 not found" >&2; exit 1; }
+        printf '[%s]\nDescription=%s\nDriver=%s\n' "$1" "$1" "$library" > /tmp/zrt-odbc-driver.ini
+        odbcinst -i -d -f /tmp/zrt-odbc-driver.ini >/dev/null
+    fi
+}
+register_driver FreeTDS libtdsodbc.so
+register_driver SQLite3 libsqlite3odbc.so
+
+[ -f build/CMakeCache.txt ] || cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake --build build -j"$(nproc)"

@@ -1,0 +1,58 @@
+#include "databaselisting.h"
+
+#include "connectionprofiles.h"
+
+namespace {
+
+constexpr char kLocalQuery[] = "Select name From sys.databases Where name like 'Quorvex%' Order By name";
+constexpr char kOfflineQuery[] = "Select name From sysdatabases Where name like 'Quorvex%' Order By name";
+// The hosted server holds every company's databases; the login sees only the
+// ones it may open, which HAS_DBACCESS tells without trying each one.
+constexpr char kOnlineQuery[] =
+    "Select name From sys.databases Where name like 'Quorvex%' And HAS_DBACCESS(name) = 1 Order By name";
+
+bool readNames(Connection &connection, const QString &connectionString, const QString &query,
+               const std::function<void(const QString &)> &add)
+{
+    if (!connection.open(connectionString).ok)
+        return false;
+    ResultSet names;
+    if (!connection.query(query, names).ok)
+        return false;
+    while (!names.atEnd().value_or(true)) {
+        const std::optional<QVariant> name = names.field(QStringLiteral("name"));
+        if (!name)
+            return false;
+        add(name->toString());
+        if (!names.moveNext().ok)
+            return false;
+    }
+    names.close();
+    return connection.close().ok;
+}
+
+} // namespace
+
+ListingOutcome listDatabases(const QString &mode, const QString &server, const ConnectionFactory &factory,
+                             const std::function<void(const QString &)> &add)
+{
+    ListingOutcome outcome;
+    std::optional<QString> connectionString;
+    QString query;
+    if (mode == QLatin1String(ConnectionProfiles::kOnline)) {
+        outcome.serverDataSource = ConnectionProfiles::onlineDataSource();
+        connectionString = ConnectionProfiles::runConnectionString(*ConnectionProfiles::prefix(mode),
+                                                                   QStringLiteral("master"), outcome.serverDataSource);
+        query = QString::fromLatin1(kOnlineQuery);
+    } else {
+        outcome.serverDataSource = server;
+        connectionString = ConnectionProfiles::listingConnectionString(mode, server);
+        query = QString::fromLatin1(mode == QLatin1String(ConnectionProfiles::kLocal) ? kLocalQuery : kOfflineQuery);
+    }
+    if (!connectionString)
+        return outcome; // an unknown mode lists nothing and says nothing
+
+    const std::unique_ptr<Connection> connection = factory();
+    outcome.failed = !readNames(*connection, *connectionString, query, add);
+    return outcome;
+}
