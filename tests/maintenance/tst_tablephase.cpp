@@ -1,0 +1,182 @@
+#include "tablephase.h"
+
+#include <QFile>
+#include <QTest>
+
+namespace {
+
+struct MarkPlace
+{
+    int value = 0;
+    qsizetype statementsBefore = 0;
+    bool insideGuard = false;
+};
+
+// What an empty database receives: every guard's Select finds nothing, so
+// its inserts follow it.
+struct EmptyDatabaseRun
+{
+    QStringList statements;
+    QList<MarkPlace> marks;
+
+    explicit EmptyDatabaseRun(const Steps &steps) { walk(steps, false); }
+
+    QByteArray script() const
+    {
+        QByteArray bytes;
+        for (const QString &statement : statements)
+            bytes += statement.toUtf8() + "\nGO\n";
+        return bytes;
+    }
+
+private:
+    void walk(const Steps &steps, bool insideGuard)
+    {
+        for (const Step &step : steps) {
+            switch (step.kind) {
+            case Step::Kind::Execute:
+                statements << step.text;
+                break;
+            case Step::Kind::Guard:
+                statements << step.text;
+                walk(step.whenNoRows, true);
+                break;
+            case Step::Kind::Progress:
+                marks.push_back({step.progress, statements.size(), insideGuard});
+                break;
+            }
+        }
+    }
+};
+
+QByteArray fixture(const char *name)
+{
+    QFile file(QStringLiteral(ZRT_TEST_DATA "/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read fixture %s", name);
+    return file.readAll();
+}
+
+QList<QByteArray> statementsOf(const QByteArray &script)
+{
+    QList<QByteArray> statements;
+    qsizetype from = 0;
+    for (qsizetype end = script.indexOf("\nGO\n"); end >= 0; end = script.indexOf("\nGO\n", from)) {
+        statements << script.mid(from, end - from);
+        from = end + 4;
+    }
+    if (from < script.size())
+        statements << script.mid(from); // bytes after the last separator
+    return statements;
+}
+
+} // namespace
+
+class tst_TablePhase : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sendsFixtureByteForByte();
+    void progressMarksRiseByHundreds();
+    void progressMarkPlaces_data();
+    void progressMarkPlaces();
+    void statementCounts_data();
+    void statementCounts();
+};
+
+void tst_TablePhase::sendsFixtureByteForByte()
+{
+    const QByteArray expected = fixture("table_phase.sql");
+    const QByteArray actual = EmptyDatabaseRun(tablePhaseSteps()).script();
+    if (actual == expected)
+        return;
+
+    const QList<QByteArray> expectedStatements = statementsOf(expected);
+    const QList<QByteArray> actualStatements = statementsOf(actual);
+    const qsizetype common = qMin(expectedStatements.size(), actualStatements.size());
+    qsizetype index = 0;
+    while (index < common && expectedStatements.at(index) == actualStatements.at(index))
+        ++index;
+    const QByteArray expectedText = index < expectedStatements.size() ? expectedStatements.at(index) : "<none>";
+    const QByteArray actualText = index < actualStatements.size() ? actualStatements.at(index) : "<none>";
+    QFAIL(qPrintable(QStringLiteral("statement %1 differs (%2 sent, %3 expected)\n   sent: [%4]\nexpected: [%5]")
+                         .arg(index)
+                         .arg(actualStatements.size())
+                         .arg(expectedStatements.size())
+                         .arg(QString::fromUtf8(actualText), QString::fromUtf8(expectedText))));
+}
+
+void tst_TablePhase::progressMarksRiseByHundreds()
+{
+    QList<int> values;
+    for (const MarkPlace &mark : EmptyDatabaseRun(tablePhaseSteps()).marks)
+        values << mark.value;
+    QCOMPARE(values, (QList<int>{100, 200, 300, 400, 500, 600, 700}));
+}
+
+void tst_TablePhase::progressMarkPlaces_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("lastBefore");
+    QTest::addColumn<QString>("firstAfter");
+
+    QTest::newRow("100 after the closing-date row")
+        << 100 << QStringLiteral("Insert Into tblClosingDate ") << QStringLiteral("CREATE TABLE [dbo].[tblDBCR] ");
+    QTest::newRow("200 after tblDBCR")
+        << 200 << QStringLiteral("CREATE TABLE [dbo].[tblDBCR] ") << QStringLiteral("CREATE TABLE [dbo].[tblLogon] ");
+    QTest::newRow("300 after the administrator row")
+        << 300 << QStringLiteral("Insert Into tblLogon ") << QStringLiteral("CREATE TABLE [dbo].[tblMonthlyComparisonReportEmpty] ");
+    QTest::newRow("400 after the monthly comparison table")
+        << 400 << QStringLiteral("CREATE TABLE [dbo].[tblMonthlyComparisonReportEmpty] ")
+        << QStringLiteral("CREATE TABLE [dbo].[tblDailyComparisonReportEmpty] ");
+    QTest::newRow("500 after the party balance scratch table")
+        << 500 << QStringLiteral("CREATE TABLE [dbo].[tblPartyBalanceEmpty] ") << QStringLiteral("CREATE TABLE [dbo].[tblPartyInfo] ");
+    QTest::newRow("600 after the last invoice column")
+        << 600 << QStringLiteral("ALTER TABLE [dbo].[tblInvoice] ADD [EntryDate] ") << QStringLiteral("CREATE TABLE [dbo].[tblInvoiceEmpty] ");
+    QTest::newRow("700 after the last user-rights column")
+        << 700 << QStringLiteral("ALTER TABLE [dbo].[tblUserRights] ADD [UserName] ") << QStringLiteral("CREATE TABLE [dbo].[tblKWClientInfo] ");
+}
+
+void tst_TablePhase::progressMarkPlaces()
+{
+    QFETCH(int, value);
+    QFETCH(QString, lastBefore);
+    QFETCH(QString, firstAfter);
+
+    const EmptyDatabaseRun run(tablePhaseSteps());
+    const auto mark = std::find_if(run.marks.cbegin(), run.marks.cend(),
+                                   [value](const MarkPlace &place) { return place.value == value; });
+    QVERIFY(mark != run.marks.cend());
+    // A mark inside a guard would be skipped on a database that has the row.
+    QVERIFY(!mark->insideGuard);
+    QVERIFY(mark->statementsBefore > 0 && mark->statementsBefore < run.statements.size());
+    QVERIFY2(run.statements.at(mark->statementsBefore - 1).startsWith(lastBefore),
+             qPrintable(run.statements.at(mark->statementsBefore - 1)));
+    QVERIFY2(run.statements.at(mark->statementsBefore).startsWith(firstAfter),
+             qPrintable(run.statements.at(mark->statementsBefore)));
+}
+
+void tst_TablePhase::statementCounts_data()
+{
+    QTest::addColumn<QString>("beginning");
+    QTest::addColumn<int>("count");
+
+    QTest::newRow("tables created") << QStringLiteral("CREATE TABLE ") << 26;
+    QTest::newRow("columns added or widened") << QStringLiteral("ALTER TABLE ") << 227;
+}
+
+void tst_TablePhase::statementCounts()
+{
+    QFETCH(QString, beginning);
+    QFETCH(int, count);
+
+    const QStringList statements = EmptyDatabaseRun(tablePhaseSteps()).statements;
+    const auto found = std::count_if(statements.cbegin(), statements.cend(),
+                                     [&beginning](const QString &text) { return text.startsWith(beginning); });
+    QCOMPARE(int(found), count);
+}
+
+QTEST_APPLESS_MAIN(tst_TablePhase)
+
+#include "tst_tablephase.moc"
