@@ -13,6 +13,8 @@ std::optional<bool> ResultSet::atEnd() const
 {
     if (!m_open)
         return std::nullopt;
+    if (m_position >= m_rows.size() && m_fetchError)
+        return std::nullopt; // the rows stop where the server failed, not at the end
     return m_position >= m_rows.size();
 }
 
@@ -35,8 +37,6 @@ DbStatus ResultSet::moveNext()
     if (m_position >= m_rows.size())
         return DbStatus::failure(QStringLiteral("The result set is at its end."));
     ++m_position;
-    if (m_position == m_rows.size() && m_fetchError)
-        return *m_fetchError;
     return DbStatus::success();
 }
 

@@ -19,12 +19,12 @@ public:
               std::optional<DbStatus> fetchError = std::nullopt);
 
     bool isOpen() const { return m_open; }
-    // nullopt when the set is not open: the test itself fails.
+    // nullopt when the test itself fails: the set is not open, or the server
+    // failed after the rows fetched so far.
     std::optional<bool> atEnd() const;
     // nullopt when the set is closed, at its end, or has no such column.
     std::optional<QVariant> field(const QString &name) const;
-    // Fails when the set is closed or at its end, or when the server dropped
-    // the connection after the rows fetched so far.
+    // Fails when the set is closed or at its end.
     DbStatus moveNext();
     void close();
 

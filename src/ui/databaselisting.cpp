@@ -19,7 +19,12 @@ bool readNames(Connection &connection, const QString &connectionString, const QS
     ResultSet names;
     if (!connection.query(query, names).ok)
         return false;
-    while (!names.atEnd().value_or(true)) {
+    for (;;) {
+        const std::optional<bool> atEnd = names.atEnd();
+        if (!atEnd)
+            return false;
+        if (*atEnd)
+            break;
         const std::optional<QVariant> name = names.field(QStringLiteral("name"));
         if (!name)
             return false;
