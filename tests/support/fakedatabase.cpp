@@ -35,7 +35,8 @@ DbStatus invalidColumn(const QString &name)
 DbStatus missingAlterTarget(const QString &table)
 {
     return DbStatus::failure(
-        QStringLiteral("Cannot find the object \"%1\" because it does not exist or you do not have permissions.").arg(table),
+        QStringLiteral("Cannot find the object \"%1\" because it does not exist or you do not have permissions.")
+            .arg(table),
         4902);
 }
 
@@ -47,12 +48,13 @@ DbStatus duplicateColumn(const QString &column, const QString &table)
                              2705);
 }
 
-DbStatus nullRefused(const QString &column, const QString &table, QLatin1StringView operation)
+DbStatus nullRefused(const QString &column, const QString &database, const QString &table,
+                     QLatin1StringView operation)
 {
-    return DbStatus::failure(
-        QStringLiteral("Cannot insert the value NULL into column '%1', table '%2'; column does not allow nulls. %3 fails.")
-            .arg(column, table, operation),
-        515);
+    return DbStatus::failure(QStringLiteral("Cannot insert the value NULL into column '%1', table '%2.dbo.%3'; column "
+                                            "does not allow nulls. %4 fails.")
+                                 .arg(column, database, table, operation),
+                             515);
 }
 
 DbStatus assignedTwice(const QString &column)
@@ -231,7 +233,7 @@ DbStatus FakeDatabase::alterColumn(const QString &table, const QString &column, 
     QList<QVariantList> rows = target->rows;
     for (QVariantList &row : rows) {
         if (row[at].isNull() && altered.notNull)
-            return nullRefused(altered.name, target->name, QLatin1StringView("UPDATE"));
+            return nullRefused(altered.name, m_name, target->name, QLatin1StringView("UPDATE"));
         const DbStatus converted = convertForColumn(altered, row[at]);
         if (!converted.ok)
             return converted;
@@ -251,7 +253,8 @@ DbStatus FakeDatabase::dropTable(const QString &table)
                                     [&](const Table &candidate) { return sameName(candidate.name, table); });
     if (found == m_tables.end()) {
         return DbStatus::failure(
-            QStringLiteral("Cannot drop the table '%1', because it does not exist or you do not have permission.").arg(table),
+            QStringLiteral("Cannot drop the table '%1', because it does not exist or you do not have permission.")
+                .arg(table),
             3701);
     }
     m_tables.erase(found);
@@ -277,7 +280,8 @@ DbStatus FakeDatabase::dropView(const QString &view)
                                     [&](const View &candidate) { return sameName(candidate.name, view); });
     if (found == m_views.end()) {
         return DbStatus::failure(
-            QStringLiteral("Cannot drop the view '%1', because it does not exist or you do not have permission.").arg(view),
+            QStringLiteral("Cannot drop the view '%1', because it does not exist or you do not have permission.")
+                .arg(view),
             3701);
     }
     m_views.erase(found);
@@ -315,7 +319,7 @@ DbStatus FakeDatabase::insertRow(const QString &table, const QVariantMap &values
         else if (column.defaultValue)
             value = *column.defaultValue;
         if (value.isNull() && column.notNull)
-            return nullRefused(column.name, m_name + QLatin1String(".dbo.") + target.name, QLatin1StringView("INSERT"));
+            return nullRefused(column.name, m_name, target.name, QLatin1StringView("INSERT"));
         const DbStatus converted = convertForColumn(column, value);
         if (!converted.ok)
             return converted;
@@ -340,8 +344,10 @@ DbStatus FakeDatabase::update(const QString &table, const QVariantMap &assignmen
     if (!status.ok)
         return status;
     for (qsizetype at : std::as_const(assigned)) {
-        if (target.columns[at].identity)
-            return DbStatus::failure(QStringLiteral("Cannot update identity column '%1'.").arg(target.columns[at].name), 8102);
+        if (target.columns[at].identity) {
+            return DbStatus::failure(QStringLiteral("Cannot update identity column '%1'.").arg(target.columns[at].name),
+                                     8102);
+        }
     }
     QList<std::pair<qsizetype, QVariant>> conditions;
     status = resolveConditions(target.columns, where, conditions);
@@ -356,7 +362,7 @@ DbStatus FakeDatabase::update(const QString &table, const QVariantMap &assignmen
             const FakeColumn &column = target.columns[assigned[position]];
             QVariant value = assignedValues[position];
             if (value.isNull() && column.notNull)
-                return nullRefused(column.name, m_name + QLatin1String(".dbo.") + target.name, QLatin1StringView("UPDATE"));
+                return nullRefused(column.name, m_name, target.name, QLatin1StringView("UPDATE"));
             status = convertForColumn(column, value);
             if (!status.ok)
                 return status;
@@ -509,8 +515,10 @@ const FakeDatabase::View *FakeDatabase::findView(const QString &view) const
 DbStatus FakeDatabase::checkNewObject(const QString &name) const
 {
     // Tables and views share one namespace.
-    if (hasTable(name) || hasView(name))
-        return DbStatus::failure(QStringLiteral("There is already an object named '%1' in the database.").arg(name), 2714);
+    if (hasTable(name) || hasView(name)) {
+        return DbStatus::failure(QStringLiteral("There is already an object named '%1' in the database.").arg(name),
+                                 2714);
+    }
     return DbStatus::success();
 }
 

@@ -21,7 +21,7 @@ struct FakeColumn
     int length = 0; // characters of a text type, -1 for max, 0 where the type has none
     bool identity = false;
     bool notNull = false;
-    std::optional<QString> defaultValue; // the default's value without quotes: "", "0", "1/1/2000"
+    std::optional<QString> defaultValue = std::nullopt; // the default's value without quotes: "", "0", "1/1/2000"
     qint64 identitySeed = 1;
     qint64 identityIncrement = 1;
 };

@@ -57,8 +57,10 @@ QStringList FakeServerState::databases() const
 
 DbStatus FakeServerState::openCatalog(const QString &name)
 {
-    if (refuseEveryOpen)
-        return DbStatus::failure(QStringLiteral("[DBNETLIB][ConnectionOpen (Connect()).]SQL Server does not exist or access denied."), 17);
+    if (refuseEveryOpen) {
+        return DbStatus::failure(
+            QStringLiteral("[DBNETLIB][ConnectionOpen (Connect()).]SQL Server does not exist or access denied."), 17);
+    }
     if (m_dropped.contains(name.toLower())) {
         return DbStatus::failure(
             QStringLiteral("Cannot open database \"%1\" requested by the login. The login failed.").arg(name), 4060);

@@ -277,7 +277,8 @@ private:
         const QString repeated = firstRepeated(names);
         if (!repeated.isNull())
             return repeatedName(repeated);
-        if (names.isEmpty()) {
+        const bool everyColumn = names.isEmpty();
+        if (everyColumn) {
             for (const FakeColumn &column : target.columns(*table)) {
                 if (!column.identity)
                     names.append(column.name);
@@ -285,7 +286,7 @@ private:
         }
         const FakeDatabase before = target;
         for (const QVariantList &values : std::as_const(rows)) {
-            const DbStatus counted = checkValueCount(names.size(), values.size());
+            const DbStatus counted = checkValueCount(names.size(), values.size(), everyColumn);
             if (!counted.ok)
                 return counted;
             QVariantMap byName;
@@ -300,8 +301,12 @@ private:
         return DbStatus::success();
     }
 
-    static DbStatus checkValueCount(qsizetype columns, qsizetype values)
+    static DbStatus checkValueCount(qsizetype columns, qsizetype values, bool everyColumn)
     {
+        if (everyColumn && columns != values) {
+            return DbStatus::failure(
+                QStringLiteral("Column name or number of supplied values does not match table definition."), 213);
+        }
         if (columns > values) {
             return DbStatus::failure(QStringLiteral("There are more columns in the INSERT statement than values "
                                                     "specified in the VALUES clause. The number of values in the "

@@ -140,12 +140,10 @@ std::optional<QString> FakeSqlCursor::name()
 
 std::optional<QString> FakeSqlCursor::objectName()
 {
-    std::optional<QString> first = name();
-    if (!first)
-        return std::nullopt;
-    if (!acceptSymbol(u'.'))
-        return first;
-    return name();
+    std::optional<QString> last = name();
+    while (last && acceptSymbol(u'.'))
+        last = name();
+    return last;
 }
 
 std::optional<QVariant> FakeSqlCursor::literal()

@@ -152,7 +152,9 @@ DbStatus prepareColumn(FakeColumn &column, int ordinal)
     const TypeRule *rule = ruleFor(column.type);
     if (!rule) {
         return DbStatus::failure(
-            QStringLiteral("Column, parameter, or variable #%1: Cannot find data type %2.").arg(ordinal).arg(column.type),
+            QStringLiteral("Column, parameter, or variable #%1: Cannot find data type %2.")
+                .arg(ordinal)
+                .arg(column.type),
             2715);
     }
     if (column.length != 0 && rule->maxLength == 0) {
@@ -164,8 +166,10 @@ DbStatus prepareColumn(FakeColumn &column, int ordinal)
     }
     if (column.length == -1 && !rule->takesMax)
         return DbStatus::failure(QStringLiteral("Incorrect syntax near 'max'."), 102);
-    if (column.length < -1)
-        return DbStatus::failure(QStringLiteral("Length or precision specification %1 is invalid.").arg(column.length), 1001);
+    if (column.length < -1) {
+        return DbStatus::failure(QStringLiteral("Length or precision specification %1 is invalid.").arg(column.length),
+                                 1001);
+    }
     if (column.length > rule->maxLength) {
         return DbStatus::failure(
             QStringLiteral("The size (%1) given to the column '%2' exceeds the maximum allowed for any data type (%3).")
@@ -235,8 +239,8 @@ bool sqlEquals(const FakeColumn &column, const QVariant &stored, const QVariant 
         return false;
     if (isNumericType(column.type))
         return stored.toDouble() == literal.toDouble();
-    const QString storedText = holdsNumber(stored) ? sqlText(stored) : stored.toString();
-    return withoutTrailingBlanks(storedText).compare(withoutTrailingBlanks(literal.toString()), Qt::CaseInsensitive) == 0;
+    const QString storedText = withoutTrailingBlanks(holdsNumber(stored) ? sqlText(stored) : stored.toString());
+    return storedText.compare(withoutTrailingBlanks(literal.toString()), Qt::CaseInsensitive) == 0;
 }
 
 QString sqlText(const QVariant &value)

@@ -38,6 +38,7 @@ private slots:
     void guardSelect_data();
     void guardSelect();
     void viewKeepsItsDefinition();
+    void olderDatabaseTakesNewColumns();
     void createdDatabaseOpens();
     void openRules();
     void logRecordsEveryStatement();
@@ -71,6 +72,10 @@ void TestFakeSqlServer::refusals_data()
     QTest::newRow("insert into missing column")
         << items << QStringLiteral("Insert Into tblItems (ItemName,Colour) Values ('PEN','RED')") << 207;
     QTest::newRow("insert into missing table") << QStringList() << kInsertPen << 208;
+    QTest::newRow("insert of more values than columns")
+        << items << QStringLiteral("Insert Into tblItems (ItemName) Values ('PEN','INK')") << 110;
+    QTest::newRow("insert of more values than the table has")
+        << items << QStringLiteral("Insert Into tblItems Values ('PEN','INK')") << 213;
     QTest::newRow("insert into identity") << items << QStringLiteral("Insert Into tblItems (SrNo) Values (7)") << 544;
     QTest::newRow("insert leaves NOT NULL without default empty")
         << QStringList{QStringLiteral("CREATE TABLE [dbo].[tblDue] ([DueDate] [datetime] NOT NULL ,[Note] [nvarchar] (5) NULL)")}
@@ -85,7 +90,9 @@ void TestFakeSqlServer::refusals_data()
     QTest::newRow("view on missing dbo table")
         << items << QStringLiteral("CREATE VIEW dbo.Stock AS SELECT Units FROM dbo.tblStock") << 208;
     QTest::newRow("view joining a missing view")
-        << items << QStringLiteral("CREATE VIEW dbo.Both AS SELECT I.ItemName FROM dbo.tblItems I INNER JOIN dbo.ItemList L ON I.ItemName = L.ItemName")
+        << items
+        << QStringLiteral("CREATE VIEW dbo.Both AS SELECT I.ItemName FROM dbo.tblItems I "
+                          "INNER JOIN dbo.ItemList L ON I.ItemName = L.ItemName")
         << 208;
     QTest::newRow("view on missing table without owner")
         << items << QStringLiteral("CREATE VIEW dbo.Stock AS SELECT Units FROM tblStock S") << 208;
@@ -206,7 +213,8 @@ void TestFakeSqlServer::alterColumnWidensAndKeepsData()
     QVERIFY(phone->notNull);
     QCOMPARE(phone->defaultValue, std::optional<QString>(QString()));
     QCOMPARE(database.cellText(QStringLiteral("tblParty"), 0, QStringLiteral("Phone")), QStringLiteral("042-111"));
-    QVERIFY(connection.execute(QStringLiteral("Insert Into tblParty (Phone) Values ('") + QString(100, u'9') + QStringLiteral("')")).ok);
+    const QString hundredDigits(100, u'9');
+    QVERIFY(connection.execute(QStringLiteral("Insert Into tblParty (Phone) Values ('%1')").arg(hundredDigits)).ok);
 }
 
 void TestFakeSqlServer::guardSelect_data()
@@ -263,6 +271,31 @@ void TestFakeSqlServer::viewKeepsItsDefinition()
     QCOMPARE(database.viewDefinition(QStringLiteral("itemlist")), definition);
     QVERIFY(connection.execute(QStringLiteral("drop view [dbo].[ItemList]")).ok);
     QVERIFY(database.views().isEmpty());
+}
+
+void TestFakeSqlServer::olderDatabaseTakesNewColumns()
+{
+    auto server = std::make_shared<FakeServerState>();
+    FakeDatabase &older = server->database(QStringLiteral("QuorvexBooks"));
+    QVERIFY(older.createTable(QStringLiteral("tblItems"),
+                              {FakeColumn{.name = QStringLiteral("SrNo"), .type = QStringLiteral("bigint"), .identity = true},
+                               FakeColumn{.name = QStringLiteral("ItemName"), .type = QStringLiteral("nvarchar"), .length = 20}})
+                .ok);
+    QVERIFY(older.insertRow(QStringLiteral("tblItems"), {{QStringLiteral("ItemName"), QStringLiteral("PEN")}}).ok);
+    QVERIFY(older.insertRow(QStringLiteral("tblItems"), {}).ok);
+    QVERIFY(older.createView(QStringLiteral("ItemList"), QStringLiteral("CREATE VIEW dbo.ItemList AS SELECT 1 AS One")).ok);
+
+    FakeSqlServer connection(server);
+    QVERIFY(connection.open(kOpenBooks).ok);
+    runSetup(connection, {kAddItemDate, QStringLiteral("Insert Into tblItems Values ('INK','2/2/2002')")});
+    QCOMPARE(connection.execute(kAddItemName).nativeError, 2705);
+    QCOMPARE(connection.execute(QStringLiteral("CREATE VIEW dbo.ItemList AS SELECT ItemName FROM dbo.tblItems")).nativeError,
+             2714);
+
+    QCOMPARE(older.rowTexts(QStringLiteral("tblItems")),
+             (QList<QStringList>{{"1", "PEN", "1/1/2000"}, {"2", "NULL", "1/1/2000"}, {"3", "INK", "2/2/2002"}}));
+    QCOMPARE(older.columns(QStringLiteral("tblItems")).size(), 3);
+    QVERIFY(older.column(QStringLiteral("tblItems"), QStringLiteral("SrNo"))->notNull);
 }
 
 void TestFakeSqlServer::createdDatabaseOpens()
