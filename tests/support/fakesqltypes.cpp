@@ -144,6 +144,12 @@ DbStatus toText(const FakeColumn &column, Family family, QVariant &value)
     return DbStatus::success();
 }
 
+bool isNumericType(const QString &type)
+{
+    const Family family = familyOf(type);
+    return family == Family::Integer || family == Family::Decimal || family == Family::Approximate;
+}
+
 } // namespace
 
 DbStatus prepareColumn(FakeColumn &column, int ordinal)
@@ -214,15 +220,6 @@ DbStatus convertForColumn(const FakeColumn &column, QVariant &value)
     return DbStatus::success();
 }
 
-QVariant defaultFor(const FakeColumn &column)
-{
-    if (!column.defaultValue)
-        return QVariant();
-    QVariant value(*column.defaultValue);
-    convertForColumn(column, value);
-    return value;
-}
-
 DbStatus convertForComparison(const FakeColumn &column, QVariant &literal)
 {
     if (literal.isNull())
@@ -252,8 +249,3 @@ QString sqlText(const QVariant &value)
     return value.toString();
 }
 
-bool isNumericType(const QString &type)
-{
-    const Family family = familyOf(type);
-    return family == Family::Integer || family == Family::Decimal || family == Family::Approximate;
-}

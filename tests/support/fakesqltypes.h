@@ -20,9 +20,6 @@ DbStatus prepareColumn(FakeColumn &column, int ordinal);
 // Fails on text that is no number and on text too long for the column.
 DbStatus convertForColumn(const FakeColumn &column, QVariant &value);
 
-// The column's default as it is stored; a null value when it has none.
-QVariant defaultFor(const FakeColumn &column);
-
 // Makes a literal comparable with the column: a number for a numeric column
 // (failing as the server fails on text that is no number), else text.
 DbStatus convertForComparison(const FakeColumn &column, QVariant &literal);
@@ -34,5 +31,3 @@ bool sqlEquals(const FakeColumn &column, const QVariant &stored, const QVariant 
 
 // A stored value as text; "NULL" for a null.
 QString sqlText(const QVariant &value);
-
-bool isNumericType(const QString &type);
