@@ -8,10 +8,16 @@ namespace {
 
 constexpr char kOfflinePrefix[] =
     "Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=";
-constexpr char kLocalPrefix[] =
-    "Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;Initial Catalog=";
-constexpr char kOnlinePrefix[] =
-    "Provider=SQLOLEDB.1;Password=#BranchPortal718Qz%;Persist Security Info=False;User ID=kwonline;Initial Catalog=";
+// The same fixed logins on every installation.
+constexpr char kLocalPassword[] = "Tq482Harbor517";
+constexpr char kOnlinePassword[] = "#BranchPortal718Qz%";
+
+QString loginPrefix(const char *password, const char *user)
+{
+    return QLatin1String("Provider=SQLOLEDB.1;Password=") + QLatin1String(password)
+        + QLatin1String(";Persist Security Info=False;User ID=") + QLatin1String(user)
+        + QLatin1String(";Initial Catalog=");
+}
 constexpr char kFallback[] =
     "Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=tempdb";
 constexpr char kOnlineHost[] = "online.quorvex.com";
@@ -23,9 +29,9 @@ std::optional<QString> prefix(const QString &mode)
     if (mode == QLatin1String(kOffline))
         return QString::fromLatin1(kOfflinePrefix);
     if (mode == QLatin1String(kLocal))
-        return QString::fromLatin1(kLocalPrefix);
+        return loginPrefix(kLocalPassword, "quorvex");
     if (mode == QLatin1String(kOnline))
-        return QString::fromLatin1(kOnlinePrefix);
+        return loginPrefix(kOnlinePassword, "kwonline");
     return std::nullopt;
 }
 
@@ -44,6 +50,13 @@ std::optional<QString> listingConnectionString(const QString &mode, const QStrin
 QString fallbackConnectionString()
 {
     return QString::fromLatin1(kFallback);
+}
+
+QString withoutPasswords(QString text)
+{
+    for (const char *password : {kLocalPassword, kOnlinePassword})
+        text.replace(QLatin1String(password), QLatin1String("****"));
+    return text;
 }
 
 QString onlineDataSource()

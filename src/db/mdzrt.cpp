@@ -2,8 +2,9 @@
 
 #include "connectionprofiles.h"
 
-mdZRT::mdZRT(ConnectionFactory factory)
+mdZRT::mdZRT(ConnectionFactory factory, QString dataSource)
     : m_factory(std::move(factory))
+    , m_dataSource(std::move(dataSource))
 {
 }
 

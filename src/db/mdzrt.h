@@ -10,13 +10,14 @@
 class mdZRT
 {
 public:
-    explicit mdZRT(ConnectionFactory factory);
+    // The window never names a data source: its runs work on the local default
+    // server. The command line may name one.
+    explicit mdZRT(ConnectionFactory factory, QString dataSource = QString());
 
     // Created empty on first use, then kept for the life of the module.
     Connection &SharedConnection();
     bool ConnectionOpened() const { return m_connectionOpened; }
-    // Put behind ";Data Source=" in the run's string; nothing assigns it, so
-    // the run always works on the local default server.
+    // Put behind ";Data Source=" in the run's string.
     const QString &DataSource() const { return m_dataSource; }
 
     void OpenConnection(const QString &mode, const QString &server, const QString &database);

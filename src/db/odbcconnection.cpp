@@ -126,3 +126,8 @@ ConnectionFactory sqlServerConnections()
         return std::make_unique<OdbcConnection>([](const QString &oleDb) { return odbcFromOleDb(oleDb); });
     };
 }
+
+ConnectionFactory odbcConnectionsTo(const QString &odbc)
+{
+    return [odbc] { return std::make_unique<OdbcConnection>([odbc](const QString &) { return odbc; }); };
+}

@@ -28,3 +28,6 @@ private:
 
 // Connections to SQL Server through the configured ODBC driver.
 ConnectionFactory sqlServerConnections();
+
+// Connections that open `odbc` whatever string the system gives them.
+ConnectionFactory odbcConnectionsTo(const QString &odbc);

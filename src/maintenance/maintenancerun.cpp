@@ -19,7 +19,7 @@ MaintenanceRun::MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &re
 {
 }
 
-void MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
+bool MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
 {
     m_host.setCaption(QString::number(0) + QLatin1Char('%'));
     m_host.showWindow();
@@ -30,8 +30,11 @@ void MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
 
     m_module.OpenConnection(choice.mode, choice.server, choice.database);
     if (!m_module.ConnectionOpened()) {
-        const DatabaseFile file = m_host.chooseDatabaseFile();
-        ExecuteIgnoringErrors(createDatabaseStatement(file.title, file.fullName));
+        const std::optional<DatabaseFile> file = m_host.chooseDatabaseFile();
+        if (!file)
+            return false;
+        m_phase = QStringLiteral("create database");
+        ExecuteIgnoringErrors(createDatabaseStatement(file->title, file->fullName));
         m_module.SharedConnection().close();
         m_module.OpenConnection(choice.mode, choice.server, choice.database);
     }
@@ -43,6 +46,7 @@ void MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
     m_host.hideProcessButton();
     m_host.setCaption(QStringLiteral("MANAGING DATABASE PROCESS HAS COMPLETED."));
     m_host.showEndButton();
+    return true;
 }
 
 void MaintenanceRun::walk(const Steps &steps)
@@ -58,7 +62,9 @@ void MaintenanceRun::walk(const Steps &steps)
             break;
         case Step::Kind::Progress:
             m_host.setProgress(step.progress);
-            ++m_phase;
+            break;
+        case Step::Kind::Phase:
+            m_phase = step.text;
             break;
         }
     }

@@ -31,7 +31,8 @@ class MaintenanceRun
 public:
     MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &recordsets);
 
-    void run(const RunChoice &choice, const Steps &steps);
+    // False when the database could not be opened and the host chose no file.
+    bool run(const RunChoice &choice, const Steps &steps);
 
     void ExecuteIgnoringErrors(const QString &sql);
     bool QueryReturnsNoRows(const QString &select, ResultSet &into);
@@ -44,5 +45,5 @@ private:
     RunHost &m_host;
     CheckRecordsets &m_recordsets;
     ResultSet m_configRecordset;
-    int m_phase = 1;
+    QString m_phase;
 };

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 // The file chosen for a database that must be created; both empty when the
 // choice was cancelled.
 struct DatabaseFile
@@ -15,7 +17,7 @@ struct DatabaseFile
 // One statement as the server answered it.
 struct StatementOutcome
 {
-    int phase = 1; // 1: creation and drops; each progress mark starts the next
+    QString phase;
     QString text;
     bool isQuery = false;
     DbStatus status;
@@ -35,7 +37,9 @@ public:
     virtual void bringToFront() = 0;
     virtual void setProgress(int value) = 0;
     virtual void yieldToPendingEvents() = 0;
-    virtual DatabaseFile chooseDatabaseFile() = 0;
+    // Nothing stops the run before its first statement: the window's dialog
+    // always yields a file, perhaps an empty one.
+    virtual std::optional<DatabaseFile> chooseDatabaseFile() = 0;
     virtual void hideProcessButton() = 0;
     virtual void showEndButton() = 0;
     virtual void statementExecuted(const StatementOutcome &) {}

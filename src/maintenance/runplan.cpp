@@ -27,10 +27,11 @@ QString fromView(std::string_view text)
 
 Steps viewPhaseSteps()
 {
-    Steps steps;
+    Steps steps{Step::phase(QStringLiteral("view drops"))};
     for (std::string_view name : reportViewDropOrder())
         steps.push_back(Step::execute(QLatin1String("drop view [dbo].[") + fromView(name) + QLatin1Char(']')));
     steps.push_back(Step::progressMark(800));
+    steps.push_back(Step::phase(QStringLiteral("view creates")));
     for (const ReportView &view : reportViewsInCreateOrder())
         steps.push_back(Step::execute(fromView(view.definition)));
     steps.push_back(Step::progressMark(900));
@@ -41,11 +42,13 @@ Steps viewPhaseSteps()
 
 Steps maintenanceSteps()
 {
-    Steps steps;
+    Steps steps{Step::phase(QStringLiteral("rebuilt table drops"))};
     for (std::string_view drop : kRebuiltTableDrops)
         steps.push_back(Step::execute(fromView(drop)));
+    steps.push_back(Step::phase(QStringLiteral("tables")));
     append(steps, tablePhaseSteps());
     append(steps, viewPhaseSteps());
+    steps.push_back(Step::phase(QStringLiteral("chart of accounts")));
     append(steps, chartOfAccountsSteps());
     return steps;
 }

@@ -11,10 +11,10 @@ enum class Recordset { Check, InnerCheck, Config };
 // particular tables, rows or views.
 struct Step
 {
-    enum class Kind { Execute, Guard, Progress };
+    enum class Kind { Execute, Guard, Progress, Phase };
 
     Kind kind = Kind::Execute;
-    QString text; // Execute: the statement; Guard: its Select
+    QString text; // Execute: the statement; Guard: its Select; Phase: its name
     Recordset recordset = Recordset::Check; // Guard: the variable that keeps the Select's result
     std::vector<Step> whenNoRows; // Guard: run only when the Select found nothing
     int progress = 0; // Progress: the bar's new value
@@ -28,6 +28,8 @@ struct Step
         return {Kind::Guard, std::move(select), into, std::move(whenNoRows), 0};
     }
     static Step progressMark(int value) { return {Kind::Progress, {}, Recordset::Check, {}, value}; }
+    // Names the statements that follow, for reports; the window shows nothing of it.
+    static Step phase(QString name) { return {Kind::Phase, std::move(name), Recordset::Check, {}, 0}; }
 };
 
 using Steps = std::vector<Step>;

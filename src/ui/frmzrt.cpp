@@ -216,7 +216,7 @@ void frmZRT::yieldToPendingEvents()
     QCoreApplication::processEvents();
 }
 
-DatabaseFile frmZRT::chooseDatabaseFile()
+std::optional<DatabaseFile> frmZRT::chooseDatabaseFile()
 {
     return m_dialogs.chooseDatabaseFile(this);
 }

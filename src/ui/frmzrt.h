@@ -42,7 +42,7 @@ private:
     void bringToFront() override;
     void setProgress(int value) override;
     void yieldToPendingEvents() override;
-    DatabaseFile chooseDatabaseFile() override;
+    std::optional<DatabaseFile> chooseDatabaseFile() override;
     void hideProcessButton() override;
     void showEndButton() override;
 

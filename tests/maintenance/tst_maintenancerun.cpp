@@ -15,6 +15,7 @@ public:
     QList<int> progress;
     QList<StatementOutcome> statements;
     DatabaseFile file;
+    bool stopWhenAskedForAFile = false;
 
     void setCaption(const QString &caption) override { calls << "caption " + caption; }
     void showWindow() override { calls << "show"; }
@@ -26,9 +27,11 @@ public:
         progress << value;
     }
     void yieldToPendingEvents() override { calls << "yield"; }
-    DatabaseFile chooseDatabaseFile() override
+    std::optional<DatabaseFile> chooseDatabaseFile() override
     {
         calls << "file dialog";
+        if (stopWhenAskedForAFile)
+            return std::nullopt;
         return file;
     }
     void hideProcessButton() override { calls << "hide process"; }
@@ -68,6 +71,7 @@ private slots:
     void sixRebuiltTablesAreDroppedFirst();
     void failuresAreSkipped();
     void outcomesCarryTheirPhase();
+    void hostMayStopARunWhoseDatabaseCannotBeOpened();
 };
 
 void TestMaintenanceRun::hostSeesTheRunInOrder()
@@ -119,14 +123,27 @@ void TestMaintenanceRun::outcomesCarryTheirPhase()
 {
     Run run;
     run(QStringLiteral("QuorvexA"),
-        {Step::execute("A"), Step::progressMark(100), Step::guard("Select B", Recordset::Check, {Step::execute("C")}),
-         Step::progressMark(200), Step::execute("D")});
+        {Step::execute("A"), Step::phase("tables"), Step::guard("Select B", Recordset::Check, {Step::execute("C")}),
+         Step::progressMark(200), Step::phase("views"), Step::execute("D")});
     QCOMPARE(run.host.statements.size(), 4);
-    QCOMPARE(run.host.statements[0].phase, 1);
-    QCOMPARE(run.host.statements[1].phase, 2);
+    QCOMPARE(run.host.statements[0].phase, QString());
+    QCOMPARE(run.host.statements[1].phase, QStringLiteral("tables"));
     QVERIFY(run.host.statements[1].isQuery);
-    QCOMPARE(run.host.statements[2].phase, 2);
-    QCOMPARE(run.host.statements[3].phase, 3);
+    QCOMPARE(run.host.statements[2].phase, QStringLiteral("tables"));
+    QCOMPARE(run.host.statements[3].phase, QStringLiteral("views"));
+}
+
+void TestMaintenanceRun::hostMayStopARunWhoseDatabaseCannotBeOpened()
+{
+    Run run;
+    run.refusedOpens = {QStringLiteral("Initial Catalog=")};
+    run.host.stopWhenAskedForAFile = true;
+    QVERIFY(!MaintenanceRun(run.module, run.host, run.recordsets)
+                 .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexNone")},
+                      {Step::execute("A")}));
+    QCOMPARE(run.log->calls.size(), 2); // the open and its fallback, no statement
+    QVERIFY(run.host.statements.isEmpty());
+    QVERIFY(!run.host.calls.contains(QStringLiteral("show end")));
 }
 
 QTEST_GUILESS_MAIN(TestMaintenanceRun)

@@ -13,7 +13,7 @@ public:
     void bringToFront() override {}
     void setProgress(int) override {}
     void yieldToPendingEvents() override {}
-    DatabaseFile chooseDatabaseFile() override { return {}; }
+    std::optional<DatabaseFile> chooseDatabaseFile() override { return DatabaseFile{}; }
     void hideProcessButton() override {}
     void showEndButton() override {}
 };

@@ -1,0 +1,45 @@
+#include "commandoptions.h"
+
+#include "connectionprofiles.h"
+
+std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QString &description,
+                                const QStringList &arguments, CommandContext &context)
+{
+    parser.setApplicationDescription(description);
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
+    parser.addOption(help);
+    if (!parser.parse(QStringList{QLatin1String("zrt ") + command} + arguments)) {
+        context.err << "zrt " << command << ": " << parser.errorText() << "\n";
+        return kExitUsage;
+    }
+    if (parser.isSet(help)) {
+        // Past Qt's own usage line, which names the executable's path.
+        context.out << parser.helpText().section(QLatin1Char('\n'), 1);
+        return kExitOk;
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+        context.err << "zrt " << command << ": unexpected argument '" << parser.positionalArguments().first() << "'\n";
+        return kExitUsage;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> requiredValue(const QCommandLineParser &parser, const QString &name, CommandContext &context)
+{
+    if (!parser.isSet(name)) {
+        context.err << "zrt: missing --" << name << "\n";
+        return std::nullopt;
+    }
+    return parser.value(name);
+}
+
+std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandContext &context)
+{
+    const std::optional<QString> mode = requiredValue(parser, QStringLiteral("mode"), context);
+    if (mode && !ConnectionProfiles::prefix(*mode)) {
+        context.err << "zrt: unknown mode '" << *mode << "' (OFFLINE, LOCAL or ONLINE)\n";
+        return std::nullopt;
+    }
+    return mode;
+}

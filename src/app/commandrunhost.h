@@ -1,0 +1,39 @@
+#pragma once
+
+#include "commandcontext.h"
+#include "runhost.h"
+#include "statementtally.h"
+
+#include <optional>
+
+class QIODevice;
+
+// Stands in for the window when the run has no display: a progress bar on a
+// terminal, a tally of outcomes, and one JSON line per statement in the report.
+class CommandRunHost : public RunHost
+{
+public:
+    CommandRunHost(CommandContext &context, std::optional<QString> createAt, QIODevice *report,
+                   std::function<QString(QString)> mask);
+
+    const StatementTally &tally() const { return m_tally; }
+
+    void setCaption(const QString &) override {}
+    void showWindow() override {}
+    void setProgressMaximum(int maximum) override { m_maximum = maximum; }
+    void bringToFront() override {}
+    void setProgress(int value) override;
+    void yieldToPendingEvents() override {}
+    std::optional<DatabaseFile> chooseDatabaseFile() override;
+    void hideProcessButton() override {}
+    void showEndButton() override;
+    void statementExecuted(const StatementOutcome &outcome) override;
+
+private:
+    CommandContext &m_context;
+    std::optional<QString> m_createAt;
+    QIODevice *m_report;
+    std::function<QString(QString)> m_mask;
+    StatementTally m_tally;
+    int m_maximum = 100;
+};

@@ -1,0 +1,30 @@
+#include "emptydatabasescript.h"
+
+namespace {
+
+void collect(const Steps &steps, QStringList &statements)
+{
+    for (const Step &step : steps) {
+        switch (step.kind) {
+        case Step::Kind::Execute:
+            statements << step.text;
+            break;
+        case Step::Kind::Guard:
+            statements << step.text;
+            collect(step.whenNoRows, statements);
+            break;
+        case Step::Kind::Progress:
+        case Step::Kind::Phase:
+            break;
+        }
+    }
+}
+
+} // namespace
+
+QStringList statementsForEmptyDatabase(const Steps &steps)
+{
+    QStringList statements;
+    collect(steps, statements);
+    return statements;
+}

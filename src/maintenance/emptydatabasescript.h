@@ -1,0 +1,9 @@
+#pragma once
+
+#include "step.h"
+
+#include <QStringList>
+
+// Every statement the steps send to an existing, empty database, in order:
+// each guard's Select finds nothing there, so its statements follow it.
+QStringList statementsForEmptyDatabase(const Steps &steps);
