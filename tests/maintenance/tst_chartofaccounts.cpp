@@ -1,22 +1,10 @@
 #include "chartofaccounts_catalog.h"
+#include "emptydatabasescript.h"
 
 #include <QFile>
 #include <QTest>
 
 namespace {
-
-// What the run sends when every test finds nothing: each test followed by the
-// steps it guards.
-void appendAsOnEmptyDatabase(QByteArray &script, const Steps &steps)
-{
-    for (const Step &step : steps) {
-        if (step.kind == Step::Kind::Progress)
-            continue;
-        script += step.text.toUtf8() + "\nGO\n";
-        if (step.kind == Step::Kind::Guard)
-            appendAsOnEmptyDatabase(script, step.whenNoRows);
-    }
-}
 
 QByteArray fixture(const char *name)
 {
@@ -41,7 +29,8 @@ private slots:
 void tst_ChartOfAccounts::emptyDatabaseScript()
 {
     QByteArray script;
-    appendAsOnEmptyDatabase(script, chartOfAccountsSteps());
+    for (const QString &statement : statementsForEmptyDatabase(chartOfAccountsSteps()))
+        script += statement.toUtf8() + "\nGO\n";
     const QByteArray expected = fixture("chart_phase.sql");
     QVERIFY2(!expected.isEmpty(), "chart_phase.sql is missing");
 
