@@ -1,0 +1,243 @@
+#include "catalogserver.h"
+#include "commandline.h"
+#include "fakesqlserver.h"
+#include "odbcconnection.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Invocation
+{
+    int exit = -1;
+    QString out;
+    QString err;
+};
+
+Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {})
+{
+    Invocation result;
+    QTextStream out(&result.out);
+    QTextStream err(&result.err);
+    CommandContext context{out, err, std::move(sqlServer), odbcConnectionsTo, false};
+    result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
+    out.flush();
+    err.flush();
+    return result;
+}
+
+QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+int summaryCount(const QString &summary, const QString &label)
+{
+    const QRegularExpression line(QLatin1Char('^') + QRegularExpression::escape(label) + QStringLiteral(":\\s+(\\d+)"),
+                                  QRegularExpression::MultilineOption);
+    const QRegularExpressionMatch match = line.match(summary);
+    return match.hasMatch() ? match.captured(1).toInt() : -1;
+}
+
+// Outcome -> count, and the outcomes of the CREATE TABLE statements, from a report.
+struct Report
+{
+    QHash<QString, int> outcomes;
+    QStringList createTableOutcomes;
+    int lines = 0;
+};
+
+Report readReport(const QString &path)
+{
+    Report report;
+    for (const QByteArray &line : fileBytes(path).split('\n')) {
+        if (line.isEmpty())
+            continue;
+        const QJsonObject statement = QJsonDocument::fromJson(line).object();
+        ++report.lines;
+        ++report.outcomes[statement.value(QStringLiteral("outcome")).toString()];
+        if (statement.value(QStringLiteral("text")).toString().startsWith(QLatin1String("CREATE TABLE")))
+            report.createTableOutcomes << statement.value(QStringLiteral("outcome")).toString();
+    }
+    return report;
+}
+
+const QString kFixture = QStringLiteral(ZRT_TEST_DATA "/full_run.sql");
+
+} // namespace
+
+class TestCommandLine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void scriptWritesEveryStatementOfARun();
+    void badUsage_data();
+    void badUsage();
+    void listPrintsTheDatabases();
+    void runOnTheFakeServer();
+    void runOnSqliteAccountsForEveryStatement();
+    void runStopsWhenTheDatabaseCannotBeOpened();
+
+private:
+    QTemporaryDir m_dir;
+};
+
+void TestCommandLine::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+}
+
+void TestCommandLine::scriptWritesEveryStatementOfARun()
+{
+    const QByteArray expected = fileBytes(kFixture);
+    QVERIFY(!expected.isEmpty());
+    const Invocation toStandardOutput = invoke({QStringLiteral("script")});
+    QCOMPARE(toStandardOutput.exit, 0);
+    QCOMPARE(toStandardOutput.out.toUtf8(), expected);
+
+    const QString path = m_dir.filePath(QStringLiteral("script.sql"));
+    const Invocation toFile = invoke({QStringLiteral("script"), QStringLiteral("--output"), path});
+    QCOMPARE(toFile.exit, 0);
+    QVERIFY(toFile.out.isEmpty());
+    QCOMPARE(fileBytes(path), expected);
+}
+
+void TestCommandLine::badUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("named"); // what the message must name
+    const QString missingDir = m_dir.filePath(QStringLiteral("missing/x"));
+    QTest::newRow("unknown command") << QStringList{"repair"} << "repair";
+    QTest::newRow("unknown option") << QStringList{"script", "--outptu", "x"} << "outptu";
+    QTest::newRow("stray argument") << QStringList{"script", "extra"} << "extra";
+    QTest::newRow("missing --database") << QStringList{"run", "--mode", "LOCAL"} << "--database";
+    QTest::newRow("empty --database") << QStringList{"run", "--mode", "LOCAL", "--database", ""} << "--database";
+    QTest::newRow("unknown mode") << QStringList{"run", "--mode", "local", "--database", "QuorvexA"} << "local";
+    QTest::newRow("list without server") << QStringList{"list", "--mode", "LOCAL"} << "--server";
+    QTest::newRow("server and odbc") << QStringList{"run", "--mode", "LOCAL", "--database", "Q", "--server", "S", "--odbc", "DSN=x"}
+                                     << "--odbc";
+    QTest::newRow("unwritable --output") << QStringList{"script", "--output", missingDir} << missingDir;
+    QTest::newRow("unwritable --report") << QStringList{"run", "--mode", "LOCAL", "--database", "Q", "--report", missingDir}
+                                         << missingDir;
+}
+
+void TestCommandLine::badUsage()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, named);
+    auto server = std::make_shared<FakeServerState>();
+    const Invocation invocation = invoke(arguments, fakeSqlServerConnections(server));
+    QCOMPARE(invocation.exit, 2);
+    QVERIFY2(invocation.err.contains(named), qPrintable(invocation.err));
+    QVERIFY(invocation.out.isEmpty());
+    QVERIFY(server->statementLog().isEmpty());
+    QVERIFY(!QFileInfo::exists(m_dir.filePath(QStringLiteral("missing"))));
+}
+
+void TestCommandLine::listPrintsTheDatabases()
+{
+    auto state = std::make_shared<CatalogServer::State>();
+    state->databases = QStringList{QStringLiteral("QuorvexB"), QStringLiteral("Sales"), QStringLiteral("QuorvexA")};
+    const auto connections = [state] { return std::make_unique<CatalogServer>(state); };
+    const QStringList arguments{"list", "--mode", "LOCAL", "--server", "ACCOUNTS"};
+    const Invocation listed = invoke(arguments, connections);
+    QCOMPARE(listed.exit, 0);
+    QCOMPARE(listed.out, QStringLiteral("QuorvexA\nQuorvexB\n"));
+
+    state->refuseLogin = true;
+    const Invocation refused = invoke(arguments, connections);
+    QCOMPARE(refused.exit, 1);
+    QVERIFY(refused.out.isEmpty());
+    QCOMPARE(refused.err, QStringLiteral("Connection not established, please check the server configuration.\n"));
+    QVERIFY(!refused.err.contains(QLatin1String("Tq482Harbor517")));
+}
+
+void TestCommandLine::runOnTheFakeServer()
+{
+    auto server = std::make_shared<FakeServerState>();
+    const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexNew"};
+    const Invocation first = invoke(arguments, fakeSqlServerConnections(server));
+    QCOMPARE(first.exit, 0);
+    QCOMPARE(summaryCount(first.out, "Statements sent"), 493);
+    QCOMPARE(summaryCount(first.out, "  refused, already existed"), 0);
+    QCOMPARE(summaryCount(first.out, "  refused, not there to drop"), 66);
+    QCOMPARE(summaryCount(first.out, "  failed for another reason"), 1);
+    QCOMPARE(summaryCount(first.out, "Columns added"), 221);
+    QCOMPARE(summaryCount(first.out, "Views created"), 61);
+    QVERIFY(first.out.contains(QLatin1String("Views failed:                     1 (Stock)")));
+    QCOMPARE(summaryCount(first.out, "Built-in rows written"), 4);
+    QCOMPARE(summaryCount(first.out, "Accounts written"), 26);
+
+    const Invocation second = invoke(arguments, fakeSqlServerConnections(server));
+    QCOMPARE(second.exit, 0);
+    QCOMPARE(summaryCount(second.out, "Columns added"), 0);
+    // Every table but the six rebuilt ones, every column, and the two views
+    // that are never dropped.
+    QCOMPARE(summaryCount(second.out, "  refused, already existed"), 20 + 221 + 2);
+    QCOMPARE(summaryCount(second.out, "Views created"), 60);
+    QCOMPARE(summaryCount(second.out, "Built-in rows written"), 1);
+    QCOMPARE(summaryCount(second.out, "Accounts written"), 0);
+}
+
+void TestCommandLine::runOnSqliteAccountsForEveryStatement()
+{
+    // SQLite is not SQL Server: many statements fail there. What counts here
+    // is that every statement is accounted for, the same way in both outputs.
+    const QString odbc = QStringLiteral("DRIVER={SQLite3};Database=%1;LoadExt=%2")
+                             .arg(m_dir.filePath(QStringLiteral("books.db")), QStringLiteral(ZRT_SQLITE_DBO));
+    const QString firstReport = m_dir.filePath(QStringLiteral("first.jsonl"));
+    const QString secondReport = m_dir.filePath(QStringLiteral("second.jsonl"));
+    const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexA", "--odbc", odbc, "--report"};
+
+    const Invocation first = invoke(arguments + QStringList{firstReport});
+    QCOMPARE(first.exit, 0);
+    const Report report = readReport(firstReport);
+    QCOMPARE(summaryCount(first.out, "Statements sent"), report.lines);
+    QCOMPARE(summaryCount(first.out, "  succeeded"), report.outcomes.value("succeeded"));
+    QCOMPARE(summaryCount(first.out, "  refused, already existed"), report.outcomes.value("already existed"));
+    QCOMPARE(summaryCount(first.out, "  refused, not there to drop"), report.outcomes.value("not there to drop"));
+    QCOMPARE(summaryCount(first.out, "  failed for another reason"), report.outcomes.value("failed"));
+    QCOMPARE(report.createTableOutcomes, QStringList(26, QStringLiteral("succeeded")));
+
+    const Invocation second = invoke(arguments + QStringList{secondReport});
+    QCOMPARE(second.exit, 0);
+    // The six rebuilt tables are dropped first, so they are made again.
+    const Report again = readReport(secondReport);
+    QCOMPARE(again.createTableOutcomes.count(QStringLiteral("already existed")), 20);
+    QCOMPARE(again.createTableOutcomes.count(QStringLiteral("succeeded")), 6);
+    QCOMPARE(summaryCount(second.out, "Columns added"), 0);
+}
+
+void TestCommandLine::runStopsWhenTheDatabaseCannotBeOpened()
+{
+    auto server = std::make_shared<FakeServerState>();
+    server->dropDatabase(QStringLiteral("QuorvexGone"));
+    const QString report = m_dir.filePath(QStringLiteral("gone.jsonl"));
+    const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexGone", "--report", report};
+    const Invocation stopped = invoke(arguments, fakeSqlServerConnections(server));
+    QCOMPARE(stopped.exit, 1);
+    QVERIFY(stopped.err.contains(QLatin1String("QuorvexGone")));
+    QVERIFY(stopped.err.contains(QLatin1String("--create-at")));
+    QVERIFY(server->statementLog().isEmpty());
+    QVERIFY(!QFileInfo::exists(report));
+
+    const Invocation created = invoke(arguments + QStringList{"--create-at", "/srv/sql/QuorvexGone"},
+                                      fakeSqlServerConnections(server));
+    QCOMPARE(created.exit, 0);
+    QCOMPARE(server->statementLog().first().text,
+             QStringLiteral("CREATE DATABASE [QuorvexGone]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/sql/QuorvexGone.mdf') "
+                            "LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/sql/QuorvexGone_Log.ldf')"));
+    QCOMPARE(summaryCount(created.out, "Accounts written"), 26);
+    QVERIFY(QFileInfo::exists(report));
+}
+
+QTEST_GUILESS_MAIN(TestCommandLine)
+#include "tst_commandline.moc"
