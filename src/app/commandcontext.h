@@ -4,6 +4,7 @@
 
 #include <QTextStream>
 
+#include <atomic>
 #include <functional>
 
 // What a subcommand reaches the world through, so tests can stand in for
@@ -15,6 +16,7 @@ struct CommandContext
     ConnectionFactory sqlServer;                              // for the three modes
     std::function<ConnectionFactory(const QString &)> odbc;   // for --odbc
     bool terminal = false;                                    // draw a progress bar on err
+    const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
 };
 
 // Exit statuses of the command line.

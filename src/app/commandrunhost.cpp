@@ -12,17 +12,19 @@ constexpr int kBarWidth = 40;
 } // namespace
 
 CommandRunHost::CommandRunHost(CommandContext &context, std::optional<QString> createAt, QIODevice *report,
-                               std::function<QString(QString)> mask)
+                               std::function<QString(QString)> mask, bool showProgress, const std::atomic<bool> *stop)
     : m_context(context)
     , m_createAt(std::move(createAt))
     , m_report(report)
     , m_mask(std::move(mask))
+    , m_showProgress(showProgress)
+    , m_stop(stop)
 {
 }
 
 void CommandRunHost::setProgress(int value)
 {
-    if (!m_context.terminal || m_maximum <= 0)
+    if (!m_showProgress || m_maximum <= 0)
         return;
     const int filled = kBarWidth * value / m_maximum;
     m_context.err << "\r[" << QString(filled, QLatin1Char('#')) << QString(kBarWidth - filled, QLatin1Char(' ')) << "] "
@@ -39,7 +41,7 @@ std::optional<DatabaseFile> CommandRunHost::chooseDatabaseFile()
 
 void CommandRunHost::showEndButton()
 {
-    if (m_context.terminal)
+    if (m_showProgress)
         m_context.err << "\n";
 }
 

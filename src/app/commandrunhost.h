@@ -4,6 +4,7 @@
 #include "runhost.h"
 #include "statementtally.h"
 
+#include <atomic>
 #include <optional>
 
 class QIODevice;
@@ -14,7 +15,7 @@ class CommandRunHost : public RunHost
 {
 public:
     CommandRunHost(CommandContext &context, std::optional<QString> createAt, QIODevice *report,
-                   std::function<QString(QString)> mask);
+                   std::function<QString(QString)> mask, bool showProgress, const std::atomic<bool> *stop);
 
     const StatementTally &tally() const { return m_tally; }
 
@@ -28,12 +29,15 @@ public:
     void hideProcessButton() override {}
     void showEndButton() override;
     void statementExecuted(const StatementOutcome &outcome) override;
+    bool stopRequested() const override { return m_stop && m_stop->load(); }
 
 private:
     CommandContext &m_context;
     std::optional<QString> m_createAt;
     QIODevice *m_report;
     std::function<QString(QString)> m_mask;
+    bool m_showProgress;
+    const std::atomic<bool> *m_stop;
     StatementTally m_tally;
     int m_maximum = 100;
 };

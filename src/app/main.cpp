@@ -4,8 +4,16 @@
 
 #include <QCoreApplication>
 
+#include <atomic>
+#include <csignal>
 #include <cstdio>
 #include <unistd.h>
+
+namespace {
+
+std::atomic<bool> interrupted = false;
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -17,6 +25,9 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
-    CommandContext context{out, err, sqlServerConnections(), odbcConnectionsTo, isatty(fileno(stderr)) != 0};
+    // Ctrl-C lets the statement under way finish, so no run stops half-sent.
+    std::signal(SIGINT, [](int) { interrupted = true; });
+    CommandContext context{out, err, sqlServerConnections(), odbcConnectionsTo, isatty(fileno(stderr)) != 0,
+                           &interrupted};
     return runCommandLine(application.arguments(), context);
 }

@@ -19,7 +19,7 @@ MaintenanceRun::MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &re
 {
 }
 
-bool MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
+RunEnd MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
 {
     m_host.setCaption(QString::number(0) + QLatin1Char('%'));
     m_host.showWindow();
@@ -32,33 +32,38 @@ bool MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
     if (!m_module.ConnectionOpened()) {
         const std::optional<DatabaseFile> file = m_host.chooseDatabaseFile();
         if (!file)
-            return false;
+            return RunEnd::NotOpened;
         m_phase = QStringLiteral("create database");
         ExecuteIgnoringErrors(createDatabaseStatement(file->title, file->fullName));
         m_module.SharedConnection().close();
         m_module.OpenConnection(choice.mode, choice.server, choice.database);
     }
 
-    walk(steps);
+    if (!walk(steps))
+        return RunEnd::Stopped;
 
     m_host.setCaption(QStringLiteral("100%"));
     m_host.setProgress(kProgressMaximum);
     m_host.hideProcessButton();
     m_host.setCaption(QStringLiteral("MANAGING DATABASE PROCESS HAS COMPLETED."));
     m_host.showEndButton();
-    return true;
+    return RunEnd::Completed;
 }
 
-void MaintenanceRun::walk(const Steps &steps)
+bool MaintenanceRun::walk(const Steps &steps)
 {
     for (const Step &step : steps) {
         switch (step.kind) {
         case Step::Kind::Execute:
+            if (m_host.stopRequested())
+                return false;
             ExecuteIgnoringErrors(step.text);
             break;
         case Step::Kind::Guard:
-            if (QueryReturnsNoRows(step.text, recordset(step.recordset)))
-                walk(step.whenNoRows);
+            if (m_host.stopRequested())
+                return false;
+            if (QueryReturnsNoRows(step.text, recordset(step.recordset)) && !walk(step.whenNoRows))
+                return false;
             break;
         case Step::Kind::Progress:
             m_host.setProgress(step.progress);
@@ -68,6 +73,7 @@ void MaintenanceRun::walk(const Steps &steps)
             break;
         }
     }
+    return true;
 }
 
 void MaintenanceRun::ExecuteIgnoringErrors(const QString &sql)

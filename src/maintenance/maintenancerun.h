@@ -16,6 +16,12 @@ struct RunChoice
     QString database;
 };
 
+enum class RunEnd {
+    Completed,
+    NotOpened, // the database could not be opened and the host chose no file
+    Stopped,   // the host asked to stop between two statements
+};
+
 // The result-set variables that outlive a run: they belong to the window.
 struct CheckRecordsets
 {
@@ -31,14 +37,14 @@ class MaintenanceRun
 public:
     MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &recordsets);
 
-    // False when the database could not be opened and the host chose no file.
-    bool run(const RunChoice &choice, const Steps &steps);
+    RunEnd run(const RunChoice &choice, const Steps &steps);
 
     void ExecuteIgnoringErrors(const QString &sql);
     bool QueryReturnsNoRows(const QString &select, ResultSet &into);
 
 private:
-    void walk(const Steps &steps);
+    // False when the host asked to stop.
+    bool walk(const Steps &steps);
     ResultSet &recordset(Recordset which);
 
     mdZRT &m_module;

@@ -43,4 +43,6 @@ public:
     virtual void hideProcessButton() = 0;
     virtual void showEndButton() = 0;
     virtual void statementExecuted(const StatementOutcome &) {}
+    // Asked before each statement; the window never stops a run.
+    virtual bool stopRequested() const { return false; }
 };

@@ -16,6 +16,7 @@ public:
     QList<StatementOutcome> statements;
     DatabaseFile file;
     bool stopWhenAskedForAFile = false;
+    int stopAfterStatements = -1;
 
     void setCaption(const QString &caption) override { calls << "caption " + caption; }
     void showWindow() override { calls << "show"; }
@@ -37,6 +38,7 @@ public:
     void hideProcessButton() override { calls << "hide process"; }
     void showEndButton() override { calls << "show end"; }
     void statementExecuted(const StatementOutcome &outcome) override { statements << outcome; }
+    bool stopRequested() const override { return statements.size() == stopAfterStatements; }
 };
 
 struct Run
@@ -72,6 +74,7 @@ private slots:
     void failuresAreSkipped();
     void outcomesCarryTheirPhase();
     void hostMayStopARunWhoseDatabaseCannotBeOpened();
+    void hostMayStopBetweenStatements();
 };
 
 void TestMaintenanceRun::hostSeesTheRunInOrder()
@@ -138,11 +141,25 @@ void TestMaintenanceRun::hostMayStopARunWhoseDatabaseCannotBeOpened()
     Run run;
     run.refusedOpens = {QStringLiteral("Initial Catalog=")};
     run.host.stopWhenAskedForAFile = true;
-    QVERIFY(!MaintenanceRun(run.module, run.host, run.recordsets)
+    QCOMPARE(MaintenanceRun(run.module, run.host, run.recordsets)
                  .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexNone")},
-                      {Step::execute("A")}));
+                      {Step::execute("A")}),
+             RunEnd::NotOpened);
     QCOMPARE(run.log->calls.size(), 2); // the open and its fallback, no statement
     QVERIFY(run.host.statements.isEmpty());
+    QVERIFY(!run.host.calls.contains(QStringLiteral("show end")));
+}
+
+void TestMaintenanceRun::hostMayStopBetweenStatements()
+{
+    Run run;
+    run.host.stopAfterStatements = 2;
+    const Steps steps{Step::execute("A"), Step::guard("Select B", Recordset::Check, {Step::execute("C")}),
+                      Step::execute("D")};
+    QCOMPARE(MaintenanceRun(run.module, run.host, run.recordsets)
+                 .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexA")}, steps),
+             RunEnd::Stopped);
+    QCOMPARE(run.log->calls.mid(1), (QStringList{"execute A", "query Select B"}));
     QVERIFY(!run.host.calls.contains(QStringLiteral("show end")));
 }
 
