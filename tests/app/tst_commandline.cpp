@@ -3,6 +3,7 @@
 #include "fakesqlserver.h"
 #include "odbcconnection.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,12 +20,13 @@ struct Invocation
     QString err;
 };
 
-Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {})
+Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {},
+                  const std::atomic<bool> *stop = nullptr)
 {
     Invocation result;
     QTextStream out(&result.out);
     QTextStream err(&result.err);
-    CommandContext context{out, err, std::move(sqlServer), odbcConnectionsTo, false};
+    CommandContext context{out, err, std::move(sqlServer), odbcConnectionsTo, false, stop};
     result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
     out.flush();
     err.flush();
@@ -70,6 +72,83 @@ Report readReport(const QString &path)
 
 const QString kFixture = QStringLiteral(ZRT_TEST_DATA "/full_run.sql");
 
+// Lists its databases on master and accepts every statement on them, except
+// that it refuses to open some. It changes nothing of its own, so runs on
+// several threads may share it; it may ask a stop after some statements.
+class CompanyServer : public Connection
+{
+public:
+    struct Setup
+    {
+        QStringList databases;
+        QStringList refused;
+        std::atomic<int> *statements = nullptr;
+        std::atomic<bool> *stop = nullptr;
+        int stopAfter = -1;
+    };
+
+    explicit CompanyServer(const Setup &setup)
+        : m_setup(setup)
+    {
+    }
+
+    DbStatus open(const QString &connectionString) override
+    {
+        const QString catalog = connectionString.section(QLatin1String("Initial Catalog="), 1).section(QLatin1Char(';'), 0, 0);
+        if (m_open || m_setup.refused.contains(catalog))
+            return DbStatus::failure(QStringLiteral("Cannot open database"), 4060);
+        m_catalog = catalog;
+        m_open = true;
+        return DbStatus::success();
+    }
+    DbStatus execute(const QString &) override
+    {
+        if (m_setup.statements && ++*m_setup.statements == m_setup.stopAfter)
+            *m_setup.stop = true;
+        return m_open ? DbStatus::success() : DbStatus::failure(QStringLiteral("closed"));
+    }
+    DbStatus query(const QString &sql, ResultSet &into) override
+    {
+        if (!m_open)
+            return DbStatus::failure(QStringLiteral("closed"));
+        QList<QVariantList> rows;
+        if (m_catalog == QLatin1String("master") && sql.startsWith(QLatin1String("Select name From"))) {
+            QStringList names = m_setup.databases.filter(QRegularExpression(QStringLiteral("^quorvex"),
+                                                                             QRegularExpression::CaseInsensitiveOption));
+            names.sort();
+            for (const QString &name : names)
+                rows << QVariantList{name};
+        }
+        into = ResultSet({QStringLiteral("name")}, rows);
+        return DbStatus::success();
+    }
+    DbStatus close() override
+    {
+        m_open = false;
+        return DbStatus::success();
+    }
+    bool isOpen() const override { return m_open; }
+
+private:
+    const Setup &m_setup;
+    QString m_catalog;
+    bool m_open = false;
+};
+
+ConnectionFactory companyServer(const CompanyServer::Setup &setup)
+{
+    return [&setup] { return std::make_unique<CompanyServer>(setup); };
+}
+
+// The summary table without its seconds, which vary from run to run.
+QStringList tableWithoutSeconds(const QString &out)
+{
+    QStringList lines;
+    for (const QString &line : out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        lines << line.left(line.size() - 8).trimmed();
+    return lines;
+}
+
 } // namespace
 
 class TestCommandLine : public QObject
@@ -85,6 +164,9 @@ private slots:
     void runOnTheFakeServer();
     void runOnSqliteAccountsForEveryStatement();
     void runStopsWhenTheDatabaseCannotBeOpened();
+    void runAllGivesEachDatabaseItsRun_data();
+    void runAllGivesEachDatabaseItsRun();
+    void runAllStopsOnRequest();
 
 private:
     QTemporaryDir m_dir;
@@ -237,6 +319,61 @@ void TestCommandLine::runStopsWhenTheDatabaseCannotBeOpened()
                             "LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/sql/QuorvexGone_Log.ldf')"));
     QCOMPARE(summaryCount(created.out, "Accounts written"), 26);
     QVERIFY(QFileInfo::exists(report));
+}
+
+void TestCommandLine::runAllGivesEachDatabaseItsRun_data()
+{
+    QTest::addColumn<QString>("jobs");
+    QTest::newRow("one at a time") << "1";
+    QTest::newRow("three at once") << "3";
+    QTest::newRow("more jobs than databases") << "8";
+}
+
+void TestCommandLine::runAllGivesEachDatabaseItsRun()
+{
+    QFETCH(QString, jobs);
+    CompanyServer::Setup setup;
+    setup.databases = QStringList{"QuorvexC", "Sales", "QuorvexA", "QuorvexB"};
+    setup.refused = QStringList{"QuorvexB"};
+    const QString reports = m_dir.filePath(QStringLiteral("reports-") + jobs);
+    const Invocation all = invoke({"run", "--all", "--mode", "LOCAL", "--server", "ACCOUNTS", "--jobs", jobs,
+                                   "--report-dir", reports},
+                                  companyServer(setup));
+    QCOMPARE(all.exit, 1);
+    QCOMPARE(tableWithoutSeconds(all.out),
+             (QStringList{"Database                       Outcome           Failed  Columns",
+                          "QuorvexA                       completed              0      221",
+                          "QuorvexB                       could not start        -        -",
+                          "QuorvexC                       completed              0      221"}));
+    QCOMPARE(QDir(reports).entryList(QDir::Files), (QStringList{"QuorvexA.jsonl", "QuorvexC.jsonl"}));
+    QCOMPARE(readReport(QDir(reports).filePath("QuorvexA.jsonl")).lines, 493);
+
+    setup.refused.clear();
+    const Invocation clean = invoke({"run", "--all", "--mode", "LOCAL", "--server", "ACCOUNTS", "--jobs", jobs},
+                                    companyServer(setup));
+    QCOMPARE(clean.exit, 0);
+    QVERIFY(!clean.out.contains(QLatin1String("Not done")));
+}
+
+void TestCommandLine::runAllStopsOnRequest()
+{
+    std::atomic<int> statements = 0;
+    std::atomic<bool> stop = false;
+    CompanyServer::Setup setup;
+    setup.databases = QStringList{"QuorvexA", "QuorvexB", "QuorvexC"};
+    setup.statements = &statements;
+    setup.stop = &stop;
+    setup.stopAfter = 600; // in the second database's run
+    const Invocation stopped = invoke({"run", "--all", "--mode", "LOCAL", "--server", "S", "--jobs", "1"},
+                                      companyServer(setup), &stop);
+    QCOMPARE(stopped.exit, 1);
+    // The statement under way finishes; none follows it.
+    QCOMPARE(statements.load(), 600);
+    const QStringList rows = tableWithoutSeconds(stopped.out);
+    QVERIFY(rows[1].startsWith(QLatin1String("QuorvexA                       completed ")));
+    QVERIFY(rows[2].startsWith(QLatin1String("QuorvexB                       interrupted ")));
+    QVERIFY(rows[3].startsWith(QLatin1String("QuorvexC                       not done ")));
+    QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexB, QuorvexC")));
 }
 
 QTEST_GUILESS_MAIN(TestCommandLine)
