@@ -12,6 +12,7 @@
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -51,6 +52,7 @@ frmZRT::frmZRT(mdZRT &module, ConnectionFactory listingConnections, Dialogs &dia
 {
     setObjectName(QStringLiteral("frmZRT"));
     setWindowTitle(QCoreApplication::applicationName());
+    setWindowIcon(QIcon(QStringLiteral(":/pictures/zrt.png")));
     buildLayout();
     Form_Load();
 }
