@@ -413,6 +413,43 @@ DbStatus FakeDatabase::select(const QString &table, const QStringList &columns, 
     return DbStatus::success();
 }
 
+FakeDatabase FakeDatabase::informationSchema() const
+{
+    const auto name = [](const char *column, int length = 128) {
+        return FakeColumn{.name = QLatin1String(column), .type = QStringLiteral("nvarchar"), .length = length};
+    };
+    const auto number = [](const char *column) {
+        return FakeColumn{.name = QLatin1String(column), .type = QStringLiteral("int")};
+    };
+    FakeDatabase catalog(m_name);
+    catalog.createTable(QStringLiteral("COLUMNS"),
+                        {name("TABLE_CATALOG"), name("TABLE_SCHEMA"), name("TABLE_NAME"), name("COLUMN_NAME"),
+                         number("ORDINAL_POSITION"), name("DATA_TYPE"), number("CHARACTER_MAXIMUM_LENGTH")});
+    catalog.createTable(QStringLiteral("VIEWS"),
+                        {name("TABLE_CATALOG"), name("TABLE_SCHEMA"), name("TABLE_NAME"), name("VIEW_DEFINITION", -1)});
+    const QString owner = QStringLiteral("dbo");
+    for (const Table &table : m_tables) {
+        for (qsizetype at = 0; at < table.columns.size(); ++at) {
+            const FakeColumn &column = table.columns[at];
+            catalog.insertRow(QStringLiteral("COLUMNS"), {{QStringLiteral("TABLE_CATALOG"), m_name},
+                                                          {QStringLiteral("TABLE_SCHEMA"), owner},
+                                                          {QStringLiteral("TABLE_NAME"), table.name},
+                                                          {QStringLiteral("COLUMN_NAME"), column.name},
+                                                          {QStringLiteral("ORDINAL_POSITION"), int(at) + 1},
+                                                          {QStringLiteral("DATA_TYPE"), column.type},
+                                                          {QStringLiteral("CHARACTER_MAXIMUM_LENGTH"),
+                                                           characterMaximumLength(column)}});
+        }
+    }
+    for (const View &view : m_views) {
+        catalog.insertRow(QStringLiteral("VIEWS"), {{QStringLiteral("TABLE_CATALOG"), m_name},
+                                                    {QStringLiteral("TABLE_SCHEMA"), owner},
+                                                    {QStringLiteral("TABLE_NAME"), view.name},
+                                                    {QStringLiteral("VIEW_DEFINITION"), view.definition}});
+    }
+    return catalog;
+}
+
 QStringList FakeDatabase::tables() const
 {
     QStringList names;

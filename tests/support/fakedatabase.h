@@ -58,6 +58,11 @@ public:
     DbStatus select(const QString &table, const QStringList &columns, const FakeConditions &where,
                     ResultSet &into) const;
 
+    // SQL Server's INFORMATION_SCHEMA.COLUMNS and .VIEWS of this database, as
+    // the tables COLUMNS and VIEWS of another. Only tables' columns are listed:
+    // the fake knows a view by its text alone.
+    FakeDatabase informationSchema() const;
+
     QStringList tables() const; // in order of creation, as created
     QStringList views() const;
     bool hasTable(const QString &table) const;

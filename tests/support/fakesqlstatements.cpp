@@ -337,6 +337,8 @@ private:
         }
         if (!m_cursor.acceptKeyword(kw("FROM")))
             return syntaxError(m_cursor);
+        const bool informationSchema =
+            m_cursor.isKeyword(kw("INFORMATION_SCHEMA")) && m_cursor.peek(1).text == QLatin1String(".");
         const std::optional<QString> table = m_cursor.objectName();
         if (!table)
             return syntaxError(m_cursor);
@@ -344,6 +346,8 @@ private:
         const DbStatus conditions = whereClause(where);
         if (!conditions.ok)
             return conditions;
+        if (informationSchema)
+            return database().informationSchema().select(*table, columns, where, m_result);
         return database().select(*table, columns, where, m_result);
     }
 

@@ -240,6 +240,19 @@ bool sqlEquals(const FakeColumn &column, const QVariant &stored, const QVariant 
     return storedText.compare(withoutTrailingBlanks(literal.toString()), Qt::CaseInsensitive) == 0;
 }
 
+QVariant characterMaximumLength(const FakeColumn &column)
+{
+    switch (familyOf(column.type)) {
+    case Family::FixedText:
+    case Family::VariableText:
+        return column.length;
+    case Family::LongText:
+        return column.type == QLatin1String("ntext") ? 1073741823 : 2147483647;
+    default:
+        return QVariant();
+    }
+}
+
 QString sqlText(const QVariant &value)
 {
     if (value.isNull())

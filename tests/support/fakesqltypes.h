@@ -29,5 +29,9 @@ DbStatus convertForComparison(const FakeColumn &column, QVariant &literal);
 // NULL equals nothing.
 bool sqlEquals(const FakeColumn &column, const QVariant &stored, const QVariant &literal);
 
+// INFORMATION_SCHEMA's CHARACTER_MAXIMUM_LENGTH of the column: the width of a
+// text type in characters (-1 for max), NULL for the other types.
+QVariant characterMaximumLength(const FakeColumn &column);
+
 // A stored value as text; "NULL" for a null.
 QString sqlText(const QVariant &value);

@@ -38,6 +38,7 @@ private slots:
     void guardSelect_data();
     void guardSelect();
     void viewKeepsItsDefinition();
+    void informationSchemaDescribesTheDatabase();
     void olderDatabaseTakesNewColumns();
     void createdDatabaseOpens();
     void openRules();
@@ -271,6 +272,47 @@ void TestFakeSqlServer::viewKeepsItsDefinition()
     QCOMPARE(database.viewDefinition(QStringLiteral("itemlist")), definition);
     QVERIFY(connection.execute(QStringLiteral("drop view [dbo].[ItemList]")).ok);
     QVERIFY(database.views().isEmpty());
+}
+
+void TestFakeSqlServer::informationSchemaDescribesTheDatabase()
+{
+    FakeSqlServer connection;
+    QVERIFY(connection.open(kOpenBooks).ok);
+    runSetup(connection, {kCreateItems, kAddItemName, kAddItemDate,
+                          QStringLiteral("CREATE TABLE [dbo].[tblCodes] ([Code] [char] (3) NULL,[Note] [NVARCHAR] (max) NULL)"),
+                          QStringLiteral("CREATE VIEW dbo.ItemList AS SELECT ItemName FROM dbo.tblItems")});
+
+    // Each row's fields as text, joined by blanks.
+    const auto rows = [&](const QString &select, const QStringList &fields) {
+        ResultSet result;
+        const DbStatus status = connection.query(select, result);
+        QStringList texts;
+        if (!status.ok)
+            texts << status.message;
+        while (status.ok && result.atEnd() == false) {
+            QStringList values;
+            for (const QString &field : fields) {
+                const QVariant value = result.field(field).value_or(QStringLiteral("(none)"));
+                values << (value.isNull() ? QStringLiteral("NULL") : value.toString());
+            }
+            texts << values.join(u' ');
+            result.moveNext();
+        }
+        return texts;
+    };
+    QCOMPARE(rows(QStringLiteral("select table_name, column_name, data_type, character_maximum_length, ordinal_position "
+                                 "from INFORMATION_SCHEMA.COLUMNS where TABLE_SCHEMA='dbo'"),
+                  {"TABLE_NAME", "COLUMN_NAME", "DATA_TYPE", "CHARACTER_MAXIMUM_LENGTH", "ORDINAL_POSITION"}),
+             QStringList({"tblItems SrNo bigint NULL 1", "tblItems ItemName nvarchar 20 2",
+                          "tblItems EntryDate datetime NULL 3", "tblCodes Code char 3 1", "tblCodes Note nvarchar -1 2"}));
+    QCOMPARE(rows(QStringLiteral("Select TABLE_CATALOG, TABLE_NAME From INFORMATION_SCHEMA.VIEWS"),
+                  {"TABLE_CATALOG", "TABLE_NAME"}),
+             QStringList{"QuorvexBooks ItemList"});
+    QCOMPARE(rows(QStringLiteral("Select * From INFORMATION_SCHEMA.TABLES"), {"TABLE_NAME"}),
+             QStringList{"Invalid object name 'TABLES'."});
+    // Without the owner, the names are the database's own.
+    QCOMPARE(rows(QStringLiteral("Select * From COLUMNS"), {"TABLE_NAME"}),
+             QStringList{"Invalid object name 'COLUMNS'."});
 }
 
 void TestFakeSqlServer::olderDatabaseTakesNewColumns()
