@@ -6,14 +6,6 @@
 
 #include <QSaveFile>
 
-QByteArray runScript()
-{
-    QByteArray script;
-    for (const QString &statement : statementsForEmptyDatabase(maintenanceSteps()))
-        script += statement.toUtf8() + "\nGO\n";
-    return script;
-}
-
 int scriptCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
@@ -27,7 +19,7 @@ int scriptCommand(const QStringList &arguments, CommandContext &context)
             arguments, context))
         return *exit;
 
-    const QByteArray script = runScript();
+    const QByteArray script = scriptText(statementsForEmptyDatabase(maintenanceSteps()));
     if (!parser.isSet(output)) {
         context.out << QString::fromUtf8(script);
         return kExitOk;

@@ -22,6 +22,14 @@ void collect(const Steps &steps, QStringList &statements)
 
 } // namespace
 
+QByteArray scriptText(const QStringList &statements)
+{
+    QByteArray script;
+    for (const QString &statement : statements)
+        script += statement.toUtf8() + "\nGO\n";
+    return script;
+}
+
 QStringList statementsForEmptyDatabase(const Steps &steps)
 {
     QStringList statements;

@@ -7,3 +7,6 @@
 // Every statement the steps send to an existing, empty database, in order:
 // each guard's Select finds nothing there, so its statements follow it.
 QStringList statementsForEmptyDatabase(const Steps &steps);
+
+// The statements as a script: each text followed by a line holding only GO.
+QByteArray scriptText(const QStringList &statements);

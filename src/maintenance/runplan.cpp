@@ -20,20 +20,15 @@ constexpr std::array<std::string_view, 6> kRebuiltTableDrops = {
     "drop table [dbo].[tblStockEmpty]",
 };
 
-QString fromView(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 Steps viewPhaseSteps()
 {
     Steps steps{Step::phase(QStringLiteral("view drops"))};
     for (std::string_view name : reportViewDropOrder())
-        steps.push_back(Step::execute(QLatin1String("drop view [dbo].[") + fromView(name) + QLatin1Char(']')));
+        steps.push_back(Step::execute(QLatin1String("drop view [dbo].[") + QString::fromUtf8(name) + QLatin1Char(']')));
     steps.push_back(Step::progressMark(800));
     steps.push_back(Step::phase(QStringLiteral("view creates")));
     for (const ReportView &view : reportViewsInCreateOrder())
-        steps.push_back(Step::execute(fromView(view.definition)));
+        steps.push_back(Step::execute(QString::fromUtf8(view.definition)));
     steps.push_back(Step::progressMark(900));
     return steps;
 }
@@ -44,7 +39,7 @@ Steps maintenanceSteps()
 {
     Steps steps{Step::phase(QStringLiteral("rebuilt table drops"))};
     for (std::string_view drop : kRebuiltTableDrops)
-        steps.push_back(Step::execute(fromView(drop)));
+        steps.push_back(Step::execute(QString::fromUtf8(drop)));
     steps.push_back(Step::phase(QStringLiteral("tables")));
     append(steps, tablePhaseSteps());
     append(steps, viewPhaseSteps());

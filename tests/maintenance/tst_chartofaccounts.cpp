@@ -1,20 +1,8 @@
 #include "chartofaccounts_catalog.h"
 #include "emptydatabasescript.h"
+#include "scriptfixture.h"
 
-#include <QFile>
 #include <QTest>
-
-namespace {
-
-QByteArray fixture(const char *name)
-{
-    QFile file(QLatin1String(ZRT_TEST_DATA "/") + QLatin1String(name));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
-}
-
-} // namespace
 
 class tst_ChartOfAccounts : public QObject
 {
@@ -28,11 +16,8 @@ private slots:
 
 void tst_ChartOfAccounts::emptyDatabaseScript()
 {
-    QByteArray script;
-    for (const QString &statement : statementsForEmptyDatabase(chartOfAccountsSteps()))
-        script += statement.toUtf8() + "\nGO\n";
-    const QByteArray expected = fixture("chart_phase.sql");
-    QVERIFY2(!expected.isEmpty(), "chart_phase.sql is missing");
+    const QByteArray script = scriptText(statementsForEmptyDatabase(chartOfAccountsSteps()));
+    const QByteArray expected = fixtureBytes(QStringLiteral("chart_phase.sql"));
 
     // Statement by statement first, so a failure names the statement.
     const QList<QByteArray> actualStatements = script.split('\n');

@@ -1,7 +1,7 @@
 #include "emptydatabasescript.h"
+#include "scriptfixture.h"
 #include "tablephase.h"
 
-#include <QFile>
 #include <QTest>
 
 namespace {
@@ -32,35 +32,6 @@ QList<MarkPlace> markPlaces(const Steps &steps)
     return places;
 }
 
-QByteArray script(const QStringList &statements)
-{
-    QByteArray bytes;
-    for (const QString &statement : statements)
-        bytes += statement.toUtf8() + "\nGO\n";
-    return bytes;
-}
-
-QByteArray fixture(const char *name)
-{
-    QFile file(QStringLiteral(ZRT_TEST_DATA "/") + QLatin1String(name));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read fixture %s", name);
-    return file.readAll();
-}
-
-QList<QByteArray> statementsOf(const QByteArray &script)
-{
-    QList<QByteArray> statements;
-    qsizetype from = 0;
-    for (qsizetype end = script.indexOf("\nGO\n"); end >= 0; end = script.indexOf("\nGO\n", from)) {
-        statements << script.mid(from, end - from);
-        from = end + 4;
-    }
-    if (from < script.size())
-        statements << script.mid(from); // bytes after the last separator
-    return statements;
-}
-
 } // namespace
 
 class tst_TablePhase : public QObject
@@ -78,24 +49,23 @@ private slots:
 
 void tst_TablePhase::sendsFixtureByteForByte()
 {
-    const QByteArray expected = fixture("table_phase.sql");
-    const QByteArray actual = script(statementsForEmptyDatabase(tablePhaseSteps()));
-    if (actual == expected)
+    const QStringList sent = statementsForEmptyDatabase(tablePhaseSteps());
+    if (scriptText(sent) == fixtureBytes(QStringLiteral("table_phase.sql")))
         return;
 
-    const QList<QByteArray> expectedStatements = statementsOf(expected);
-    const QList<QByteArray> actualStatements = statementsOf(actual);
+    const QStringList expectedStatements = fixtureStatements(QStringLiteral("table_phase.sql"));
+    const QStringList &actualStatements = sent;
     const qsizetype common = qMin(expectedStatements.size(), actualStatements.size());
     qsizetype index = 0;
     while (index < common && expectedStatements.at(index) == actualStatements.at(index))
         ++index;
-    const QByteArray expectedText = index < expectedStatements.size() ? expectedStatements.at(index) : "<none>";
-    const QByteArray actualText = index < actualStatements.size() ? actualStatements.at(index) : "<none>";
+    const QString expectedText = index < expectedStatements.size() ? expectedStatements.at(index) : QStringLiteral("<none>");
+    const QString actualText = index < actualStatements.size() ? actualStatements.at(index) : QStringLiteral("<none>");
     QFAIL(qPrintable(QStringLiteral("statement %1 differs (%2 sent, %3 expected)\n   sent: [%4]\nexpected: [%5]")
                          .arg(index)
                          .arg(actualStatements.size())
                          .arg(expectedStatements.size())
-                         .arg(QString::fromUtf8(actualText), QString::fromUtf8(expectedText))));
+                         .arg(actualText, expectedText)));
 }
 
 void tst_TablePhase::progressMarksRiseByHundreds()

@@ -3,8 +3,8 @@
 #include "mdzrt.h"
 #include "quietrunhost.h"
 #include "runplan.h"
+#include "scriptfixture.h"
 
-#include <QFile>
 #include <QTest>
 
 #include <algorithm>
@@ -60,16 +60,6 @@ QString execute(const std::shared_ptr<FakeServerState> &server, const QStringLis
     return {};
 }
 
-QStringList fixtureStatements()
-{
-    QFile file(QStringLiteral(ZRT_TEST_DATA "/table_phase.sql"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read table_phase.sql");
-    QStringList statements = QString::fromUtf8(file.readAll()).split(QStringLiteral("\nGO\n"));
-    statements.removeLast(); // after the last separator
-    return statements;
-}
-
 // The table as an older version left it: built by the current statements for
 // it, less the columns it did not have yet.
 QStringList olderTable(const QString &table, const QStringList &notYetAdded)
@@ -77,7 +67,7 @@ QStringList olderTable(const QString &table, const QStringList &notYetAdded)
     const QString create = QLatin1String("CREATE TABLE [dbo].[") + table + QLatin1String("] ");
     const QString add = QLatin1String("ALTER TABLE [dbo].[") + table + QLatin1String("] ADD [");
     QStringList statements;
-    for (const QString &statement : fixtureStatements()) {
+    for (const QString &statement : fixtureStatements(QStringLiteral("table_phase.sql"))) {
         if (statement.startsWith(create))
             statements << statement;
         else if (statement.startsWith(add)

@@ -1,7 +1,8 @@
+#include "emptydatabasescript.h"
+#include "reportviewnames.h"
 #include "runplan.h"
-#include "viewcatalog.h"
+#include "scriptfixture.h"
 
-#include <QFile>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -10,11 +11,6 @@
 #include <algorithm>
 
 namespace {
-
-QString fromView(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
 
 // The view phase as the run sends it: every statement from the first view
 // drop up to the progress mark that ends the creates.
@@ -31,42 +27,6 @@ QStringList viewPhaseStatements()
         texts << step.text;
     }
     return texts;
-}
-
-QByteArray fixture()
-{
-    QFile file(QStringLiteral(ZRT_TEST_DATA "/view_phase.sql"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
-const QByteArray kSeparator("\nGO\n");
-
-QStringList fixtureStatements()
-{
-    const QByteArray bytes = fixture();
-    QStringList statements;
-    qsizetype from = 0;
-    for (qsizetype end; (end = bytes.indexOf(kSeparator, from)) >= 0; from = end + kSeparator.size())
-        statements << QString::fromUtf8(bytes.mid(from, end - from));
-    return statements;
-}
-
-QStringList createNames()
-{
-    QStringList names;
-    for (const ReportView &view : reportViewsInCreateOrder())
-        names << fromView(view.name);
-    return names;
-}
-
-QStringList dropNames()
-{
-    QStringList names;
-    for (std::string_view name : reportViewDropOrder())
-        names << fromView(name);
-    return names;
 }
 
 // Positions by lower-case name: the server's collation ignores letter case,
@@ -87,9 +47,9 @@ QStringList viewSources(const ReportView &view)
                                             QRegularExpression::CaseInsensitiveOption);
     const QStringList names = createNames();
     const QHash<QString, int> created = positionsIgnoringCase(names);
-    const QString own = fromView(view.name).toLower();
+    const QString own = QString::fromUtf8(view.name).toLower();
     QStringList sources;
-    for (const QRegularExpressionMatch &match : dboName.globalMatch(fromView(view.definition))) {
+    for (const QRegularExpressionMatch &match : dboName.globalMatch(QString::fromUtf8(view.definition))) {
         const QString source = match.captured(1).toLower();
         if (source == own || !created.contains(source))
             continue;
@@ -128,10 +88,7 @@ private slots:
 
 void TestViewCatalog::viewPhaseIsTheFixtureByteForByte()
 {
-    QByteArray sent;
-    for (const QString &text : viewPhaseStatements())
-        sent += text.toUtf8() + kSeparator;
-    QCOMPARE(sent, fixture());
+    QCOMPARE(scriptText(viewPhaseStatements()), fixtureBytes(QStringLiteral("view_phase.sql")));
 }
 
 void TestViewCatalog::statementMatchesFixture_data()
@@ -139,7 +96,7 @@ void TestViewCatalog::statementMatchesFixture_data()
     QTest::addColumn<QString>("sent");
     QTest::addColumn<QString>("expected");
 
-    const QStringList statements = fixtureStatements();
+    const QStringList statements = fixtureStatements(QStringLiteral("view_phase.sql"));
     const QStringList sent = viewPhaseStatements();
     for (int i = 0; i < statements.size(); ++i) {
         const QString &text = statements.at(i);
@@ -160,8 +117,8 @@ void TestViewCatalog::definitionNamesItsView_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("definition");
     for (const ReportView &view : reportViewsInCreateOrder()) {
-        const QString name = fromView(view.name);
-        QTest::newRow(qPrintable(name)) << name << fromView(view.definition);
+        const QString name = QString::fromUtf8(view.name);
+        QTest::newRow(qPrintable(name)) << name << QString::fromUtf8(view.definition);
     }
 }
 
@@ -196,7 +153,7 @@ void TestViewCatalog::readsTheseViews_data()
     };
     // Every other view reads tables only.
     for (const ReportView &view : reportViewsInCreateOrder()) {
-        const QString name = fromView(view.name);
+        const QString name = QString::fromUtf8(view.name);
         QTest::newRow(qPrintable(name)) << name << readers.value(name);
     }
 }
@@ -207,7 +164,7 @@ void TestViewCatalog::readsTheseViews()
     QFETCH(QStringList, sources);
     const auto views = reportViewsInCreateOrder();
     const auto view = std::find_if(views.begin(), views.end(), [&](const ReportView &v) {
-        return fromView(v.name) == reader;
+        return QString::fromUtf8(v.name) == reader;
     });
     QVERIFY(view != views.end());
     QCOMPARE(viewSources(*view), sources);
@@ -219,7 +176,7 @@ void TestViewCatalog::createdAfterItsSources_data()
     QTest::addColumn<QString>("source");
     for (const ReportView &view : reportViewsInCreateOrder()) {
         for (const QString &source : viewSources(view)) {
-            const QString reader = fromView(view.name);
+            const QString reader = QString::fromUtf8(view.name);
             QTest::addRow("%s after %s", qPrintable(reader), qPrintable(source)) << reader << source;
         }
     }
@@ -240,7 +197,7 @@ void TestViewCatalog::droppedBeforeItsSources_data()
     QTest::addColumn<bool>("readerFirst");
     const QStringList drops = dropNames();
     for (const ReportView &view : reportViewsInCreateOrder()) {
-        const QString reader = fromView(view.name);
+        const QString reader = QString::fromUtf8(view.name);
         if (!drops.contains(reader))
             continue;
         for (const QString &source : viewSources(view)) {

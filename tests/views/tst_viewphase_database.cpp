@@ -2,8 +2,8 @@
 #include "maintenancerun.h"
 #include "mdzrt.h"
 #include "quietrunhost.h"
+#include "reportviewnames.h"
 #include "runplan.h"
-#include "viewcatalog.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -18,32 +18,11 @@ namespace {
 
 const QString kDatabase = QStringLiteral("Quorvex2024");
 
-QString fromView(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
-QStringList createNames()
-{
-    QStringList names;
-    for (const ReportView &view : reportViewsInCreateOrder())
-        names << fromView(view.name);
-    return names;
-}
-
-QStringList dropNames()
-{
-    QStringList names;
-    for (std::string_view name : reportViewDropOrder())
-        names << fromView(name);
-    return names;
-}
-
 QString currentDefinition(const QString &name)
 {
     for (const ReportView &view : reportViewsInCreateOrder()) {
-        if (fromView(view.name) == name)
-            return fromView(view.definition);
+        if (QString::fromUtf8(view.name) == name)
+            return QString::fromUtf8(view.definition);
     }
     return {};
 }

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+// Fixtures in tests/data hold statements, each followed by a line holding
+// only GO, exactly as written from the texts the database expects.
+QByteArray fixtureBytes(const QString &name);
+QStringList fixtureStatements(const QString &name);
