@@ -1,5 +1,6 @@
 #include "commandline.h"
 
+#include "checkcommand.h"
 #include "listcommand.h"
 #include "runcommand.h"
 #include "scriptcommand.h"
@@ -13,6 +14,7 @@ constexpr char kProgramHelp[] =
     "  script   write every statement a run sends to an empty database\n"
     "  list     list the Quorvex databases of a server\n"
     "  run      run the maintenance on one database, with a summary and a report\n"
+    "  check    list what a database lacks of what a run leaves; changes nothing\n"
     "\n"
     "zrt COMMAND --help tells more of each.\n";
 
@@ -28,6 +30,8 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         return listCommand(rest, context);
     if (command == QLatin1String("run"))
         return runCommand(rest, context);
+    if (command == QLatin1String("check"))
+        return checkCommand(rest, context);
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
         context.out << kProgramHelp;
         return kExitOk;

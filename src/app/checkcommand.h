@@ -1,0 +1,6 @@
+#pragma once
+
+#include "commandcontext.h"
+
+// zrt check --mode MODE --database NAME [--server NAME | --odbc STRING] [--json]
+int checkCommand(const QStringList &arguments, CommandContext &context);
