@@ -18,20 +18,12 @@ namespace {
 
 constexpr int kRounds = 7;
 
-class RecordingHost : public RunHost
+class RecordingHost : public HeadlessRunHost
 {
 public:
     QStringList statements;
 
-    void setCaption(const QString &) override {}
-    void showWindow() override {}
-    void setProgressMaximum(int) override {}
-    void bringToFront() override {}
-    void setProgress(int) override {}
-    void yieldToPendingEvents() override {}
     std::optional<DatabaseFile> chooseDatabaseFile() override { return std::nullopt; }
-    void hideProcessButton() override {}
-    void showEndButton() override {}
     void statementExecuted(const StatementOutcome &outcome) override { statements << outcome.text; }
 };
 

@@ -11,7 +11,7 @@ class QIODevice;
 
 // Stands in for the window when the run has no display: a progress bar on a
 // terminal, a tally of outcomes, and one JSON line per statement in the report.
-class CommandRunHost : public RunHost
+class CommandRunHost : public HeadlessRunHost
 {
 public:
     CommandRunHost(CommandContext &context, std::optional<QString> createAt, QIODevice *report,
@@ -19,14 +19,9 @@ public:
 
     const StatementTally &tally() const { return m_tally; }
 
-    void setCaption(const QString &) override {}
-    void showWindow() override {}
     void setProgressMaximum(int maximum) override { m_maximum = maximum; }
-    void bringToFront() override {}
     void setProgress(int value) override;
-    void yieldToPendingEvents() override {}
     std::optional<DatabaseFile> chooseDatabaseFile() override;
-    void hideProcessButton() override {}
     void showEndButton() override;
     void statementExecuted(const StatementOutcome &outcome) override;
     bool stopRequested() const override { return m_stop && m_stop->load(); }

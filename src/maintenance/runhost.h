@@ -46,3 +46,17 @@ public:
     // Asked before each statement; the window never stops a run.
     virtual bool stopRequested() const { return false; }
 };
+
+// A host without a window: nothing to show, raise or repaint.
+class HeadlessRunHost : public RunHost
+{
+public:
+    void setCaption(const QString &) override {}
+    void showWindow() override {}
+    void setProgressMaximum(int) override {}
+    void bringToFront() override {}
+    void setProgress(int) override {}
+    void yieldToPendingEvents() override {}
+    void hideProcessButton() override {}
+    void showEndButton() override {}
+};

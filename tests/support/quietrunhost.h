@@ -4,16 +4,8 @@
 
 // A host that shows nothing and cancels the file dialog: for tests that look
 // only at what reaches the server.
-class QuietRunHost : public RunHost
+class QuietRunHost : public HeadlessRunHost
 {
 public:
-    void setCaption(const QString &) override {}
-    void showWindow() override {}
-    void setProgressMaximum(int) override {}
-    void bringToFront() override {}
-    void setProgress(int) override {}
-    void yieldToPendingEvents() override {}
     std::optional<DatabaseFile> chooseDatabaseFile() override { return DatabaseFile{}; }
-    void hideProcessButton() override {}
-    void showEndButton() override {}
 };
