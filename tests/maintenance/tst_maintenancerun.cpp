@@ -2,6 +2,7 @@
 #include "mdzrt.h"
 #include "runplan.h"
 #include "scriptedconnection.h"
+#include "scriptfixture.h"
 
 #include <QTest>
 
@@ -71,6 +72,7 @@ private slots:
     void hostSeesTheRunInOrder();
     void progressPassesItsFixedValues();
     void sixRebuiltTablesAreDroppedFirst();
+    void newDatabaseReceivesTheCompleteScript();
     void failuresAreSkipped();
     void outcomesCarryTheirPhase();
     void hostMayStopARunWhoseDatabaseCannotBeOpened();
@@ -108,6 +110,20 @@ void TestMaintenanceRun::sixRebuiltTablesAreDroppedFirst()
                           "execute drop table [dbo].[tblPartyBalanceEmpty]", "execute drop table [dbo].[tblKWClientInfo]",
                           "execute drop table [dbo].[tblDailyComparisonReportEmpty]",
                           "execute drop table [dbo].[tblInvoiceEmpty]", "execute drop table [dbo].[tblStockEmpty]"}));
+}
+
+void TestMaintenanceRun::newDatabaseReceivesTheCompleteScript()
+{
+    // Every guard finds nothing on a new database, so every insert follows it.
+    Run run;
+    run(QStringLiteral("QuorvexA"), maintenanceSteps());
+    QStringList sent;
+    for (const QString &call : run.log->calls.mid(1))
+        sent << call.section(QLatin1Char(' '), 1);
+    const QStringList expected = fixtureStatements(QStringLiteral("full_run.sql"));
+    QCOMPARE(sent.size(), expected.size());
+    for (qsizetype i = 0; i < expected.size(); ++i)
+        QCOMPARE(sent[i], expected[i]);
 }
 
 void TestMaintenanceRun::failuresAreSkipped()
