@@ -2,6 +2,7 @@
 
 #include "commandoptions.h"
 #include "connectionprofiles.h"
+#include "expectedschema.h"
 #include "mdzrt.h"
 #include "schemadrift.h"
 #include "viewcatalog.h"

@@ -7,8 +7,9 @@
 namespace {
 
 // Every column of every dbo table and view, with its type and its width in characters.
-constexpr char kColumnsQuery[] = "SELECT TABLE_NAME, COLUMN_NAME, DATA_TYPE, CHARACTER_MAXIMUM_LENGTH, ORDINAL_POSITION "
-                                 "FROM INFORMATION_SCHEMA.COLUMNS WHERE TABLE_SCHEMA = 'dbo'";
+constexpr char kColumnsQuery[] =
+    "SELECT TABLE_NAME, COLUMN_NAME, DATA_TYPE, CHARACTER_MAXIMUM_LENGTH, ORDINAL_POSITION "
+    "FROM INFORMATION_SCHEMA.COLUMNS WHERE TABLE_SCHEMA = 'dbo'";
 // Every dbo view, so that its columns are not taken for a table's.
 constexpr char kViewsQuery[] = "SELECT TABLE_NAME FROM INFORMATION_SCHEMA.VIEWS WHERE TABLE_SCHEMA = 'dbo'";
 
