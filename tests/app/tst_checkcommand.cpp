@@ -1,6 +1,6 @@
-#include "commandline.h"
+#include "commandinvocation.h"
 #include "fakesqlserver.h"
-#include "odbcconnection.h"
+#include "stocktable.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,37 +15,6 @@ Q_DECLARE_METATYPE(DatabaseChange)
 namespace {
 
 const QString kDatabase = QStringLiteral("QuorvexA");
-
-struct Invocation
-{
-    int exit = -1;
-    QString out;
-    QString err;
-};
-
-Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer)
-{
-    Invocation result;
-    QTextStream out(&result.out);
-    QTextStream err(&result.err);
-    CommandContext context{out, err, std::move(sqlServer), odbcConnectionsTo, false};
-    result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
-    out.flush();
-    err.flush();
-    return result;
-}
-
-// The table that only some older databases have, with the columns the Stock view reads.
-void addStockTable(FakeDatabase &database)
-{
-    database.createTable(QStringLiteral("tblStock"),
-                         {{QStringLiteral("Type"), QStringLiteral("nvarchar"), 50},
-                          {QStringLiteral("Units"), QStringLiteral("float")},
-                          {QStringLiteral("UnitPrice"), QStringLiteral("float")},
-                          {QStringLiteral("Issue"), QStringLiteral("float")},
-                          {QStringLiteral("VDate"), QStringLiteral("datetime")},
-                          {QStringLiteral("BrandName"), QStringLiteral("nvarchar"), 50}});
-}
 
 // The table made again, empty, with its columns edited: as an older database may hold it.
 DbStatus remade(FakeDatabase &database, const QString &table, const std::function<void(QList<FakeColumn> &)> &edit)

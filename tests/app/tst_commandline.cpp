@@ -1,7 +1,6 @@
 #include "catalogserver.h"
-#include "commandline.h"
+#include "commandinvocation.h"
 #include "fakesqlserver.h"
-#include "odbcconnection.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,26 +11,6 @@
 #include <QTest>
 
 namespace {
-
-struct Invocation
-{
-    int exit = -1;
-    QString out;
-    QString err;
-};
-
-Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {},
-                  const std::atomic<bool> *stop = nullptr)
-{
-    Invocation result;
-    QTextStream out(&result.out);
-    QTextStream err(&result.err);
-    CommandContext context{out, err, std::move(sqlServer), odbcConnectionsTo, false, stop};
-    result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
-    out.flush();
-    err.flush();
-    return result;
-}
 
 QByteArray fileBytes(const QString &path)
 {

@@ -490,7 +490,7 @@ private:
             length = m_cursor.peek().text.toInt();
             m_cursor.skip();
             if (length == 0)
-                return DbStatus::failure(QStringLiteral("Length or precision specification 0 is invalid."), 1001);
+                return DbStatus::failure(QStringLiteral("The length or precision 0 is invalid."), 1001);
             if (m_cursor.acceptSymbol(u',')) {
                 if (m_cursor.peek().kind != Kind::Number || m_cursor.atEnd())
                     return syntaxError(m_cursor);

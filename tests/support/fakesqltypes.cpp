@@ -173,7 +173,7 @@ DbStatus prepareColumn(FakeColumn &column, int ordinal)
     if (column.length == -1 && !rule->takesMax)
         return DbStatus::failure(QStringLiteral("Incorrect syntax near 'max'."), 102);
     if (column.length < -1) {
-        return DbStatus::failure(QStringLiteral("Length or precision specification %1 is invalid.").arg(column.length),
+        return DbStatus::failure(QStringLiteral("The length or precision %1 is invalid.").arg(column.length),
                                  1001);
     }
     if (column.length > rule->maxLength) {

@@ -4,6 +4,7 @@
 #include "quietrunhost.h"
 #include "reportviewnames.h"
 #include "runplan.h"
+#include "stocktable.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -30,18 +31,6 @@ QString currentDefinition(const QString &name)
 QString earlierDefinition(const QString &name)
 {
     return QStringLiteral("CREATE VIEW dbo.%1 AS SELECT 1 AS EarlierVersion").arg(name);
-}
-
-// The table that only some older databases have, with the columns its view reads.
-void addStockTable(FakeDatabase &database)
-{
-    database.createTable(QStringLiteral("tblStock"),
-                         {{QStringLiteral("Type"), QStringLiteral("nvarchar"), 50},
-                          {QStringLiteral("Units"), QStringLiteral("float")},
-                          {QStringLiteral("UnitPrice"), QStringLiteral("float")},
-                          {QStringLiteral("Issue"), QStringLiteral("float")},
-                          {QStringLiteral("VDate"), QStringLiteral("datetime")},
-                          {QStringLiteral("BrandName"), QStringLiteral("nvarchar"), 50}});
 }
 
 // Every report view as an earlier version of the application left it.
