@@ -29,17 +29,10 @@ DbStatus eachRow(Connection &connection, const char *select, const std::function
     const DbStatus status = connection.query(QLatin1String(select), rows);
     if (!status.ok)
         return status;
-    for (;;) {
-        const std::optional<bool> atEnd = rows.atEnd();
-        if (!atEnd)
-            return DbStatus::failure(QStringLiteral("The catalogue's rows could not all be read."));
-        if (*atEnd)
-            return DbStatus::success();
-        take(rows);
-        const DbStatus moved = rows.moveNext();
-        if (!moved.ok)
-            return moved;
-    }
+    return forEachRow(rows, [&take](const ResultSet &row) {
+        take(row);
+        return true;
+    });
 }
 
 bool byName(const QString &a, const QString &b)

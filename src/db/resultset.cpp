@@ -46,3 +46,18 @@ void ResultSet::close()
     m_rows.clear();
     m_position = 0;
 }
+
+DbStatus forEachRow(ResultSet &rows, const std::function<bool(const ResultSet &)> &take)
+{
+    for (;;) {
+        const std::optional<bool> atEnd = rows.atEnd();
+        if (!atEnd)
+            return DbStatus::failure(QStringLiteral("The rows could not all be read."));
+        if (*atEnd)
+            return DbStatus::success();
+        if (!take(rows))
+            return DbStatus::failure(QStringLiteral("A row could not be read."));
+        if (const DbStatus moved = rows.moveNext(); !moved.ok)
+            return moved;
+    }
+}

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <optional>
 
 // A result set read whole into memory when its query ran, so the connection is
@@ -35,3 +36,7 @@ private:
     qsizetype m_position = 0;
     bool m_open = false;
 };
+
+// Hands each row from the current one to the end to `take`, which answers
+// whether to go on. Fails where the end test or a move fails, or `take` stops.
+DbStatus forEachRow(ResultSet &rows, const std::function<bool(const ResultSet &)> &take);

@@ -19,19 +19,14 @@ bool readNames(Connection &connection, const QString &connectionString, const QS
     ResultSet names;
     if (!connection.query(query, names).ok)
         return false;
-    for (;;) {
-        const std::optional<bool> atEnd = names.atEnd();
-        if (!atEnd)
-            return false;
-        if (*atEnd)
-            break;
-        const std::optional<QVariant> name = names.field(QStringLiteral("name"));
-        if (!name)
-            return false;
-        add(name->toString());
-        if (!names.moveNext().ok)
-            return false;
-    }
+    const DbStatus read = forEachRow(names, [&add](const ResultSet &row) {
+        const std::optional<QVariant> name = row.field(QStringLiteral("name"));
+        if (name)
+            add(name->toString());
+        return name.has_value();
+    });
+    if (!read.ok)
+        return false;
     names.close();
     return connection.close().ok;
 }
