@@ -53,8 +53,6 @@ private slots:
     void check_data();
     void check();
     void databaseThatCannotBeOpened();
-    void badUsage_data();
-    void badUsage();
 };
 
 void TestCheckCommand::check_data()
@@ -186,33 +184,6 @@ void TestCheckCommand::databaseThatCannotBeOpened()
     QVERIFY(invocation.out.isEmpty());
     QVERIFY(server->statementLog().isEmpty());
     QVERIFY(!server->hasDatabase(QStringLiteral("QuorvexGone")));
-}
-
-void TestCheckCommand::badUsage_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("named"); // what the message must name
-
-    QTest::newRow("unknown option") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--jsn"} << "jsn";
-    QTest::newRow("missing --mode") << QStringList{"check", "--database", "Q"} << "--mode";
-    QTest::newRow("missing --database") << QStringList{"check", "--mode", "LOCAL"} << "--database";
-    QTest::newRow("empty --database") << QStringList{"check", "--mode", "LOCAL", "--database", ""} << "--database";
-    QTest::newRow("unknown mode") << QStringList{"check", "--mode", "Local", "--database", "Q"} << "Local";
-    QTest::newRow("server and odbc")
-        << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--server", "S", "--odbc", "DSN=x"} << "--odbc";
-    QTest::newRow("stray argument") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "now"} << "now";
-}
-
-void TestCheckCommand::badUsage()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, named);
-    auto server = std::make_shared<FakeServerState>();
-    const Invocation invocation = invoke(arguments, fakeSqlServerConnections(server));
-    QCOMPARE(invocation.exit, 2);
-    QVERIFY2(invocation.err.contains(named), qPrintable(invocation.err));
-    QVERIFY(invocation.out.isEmpty());
-    QVERIFY(server->statementLog().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestCheckCommand)

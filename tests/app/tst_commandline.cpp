@@ -188,6 +188,17 @@ void TestCommandLine::badUsage_data()
     QTest::newRow("unwritable --output") << QStringList{"script", "--output", missingDir} << missingDir;
     QTest::newRow("unwritable --report") << QStringList{"run", "--mode", "LOCAL", "--database", "Q", "--report", missingDir}
                                          << missingDir;
+    QTest::newRow("check: unknown option") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--jsn"} << "jsn";
+    QTest::newRow("check: missing --mode") << QStringList{"check", "--database", "Q"} << "--mode";
+    QTest::newRow("check: empty --database") << QStringList{"check", "--mode", "LOCAL", "--database", ""} << "--database";
+    QTest::newRow("check: unknown mode") << QStringList{"check", "--mode", "Local", "--database", "Q"} << "Local";
+    QTest::newRow("check: server and odbc")
+        << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--server", "S", "--odbc", "DSN=x"} << "--odbc";
+    QTest::newRow("run --all: --jobs 0") << QStringList{"run", "--all", "--mode", "LOCAL", "--server", "S", "--jobs", "0"}
+                                         << "--jobs";
+    QTest::newRow("run --all: with --database")
+        << QStringList{"run", "--all", "--mode", "LOCAL", "--server", "S", "--database", "Q"} << "--database";
+    QTest::newRow("run --all: without --server") << QStringList{"run", "--all", "--mode", "LOCAL"} << "--server";
 }
 
 void TestCommandLine::badUsage()
