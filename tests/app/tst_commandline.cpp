@@ -18,14 +18,6 @@ QByteArray fileBytes(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-int summaryCount(const QString &summary, const QString &label)
-{
-    const QRegularExpression line(QLatin1Char('^') + QRegularExpression::escape(label) + QStringLiteral(":\\s+(\\d+)"),
-                                  QRegularExpression::MultilineOption);
-    const QRegularExpressionMatch match = line.match(summary);
-    return match.hasMatch() ? match.captured(1).toInt() : -1;
-}
-
 // Outcome -> count, and the outcomes of the CREATE TABLE statements, from a report.
 struct Report
 {
