@@ -1,6 +1,7 @@
 #include "catalogserver.h"
 #include "commandinvocation.h"
 #include "fakesqlserver.h"
+#include "scriptfixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -40,8 +41,6 @@ Report readReport(const QString &path)
     }
     return report;
 }
-
-const QString kFixture = QStringLiteral(ZRT_TEST_DATA "/full_run.sql");
 
 // Lists its databases on master and accepts every statement on them, except
 // that it refuses to open some. It changes nothing of its own, so runs on
@@ -150,7 +149,7 @@ void TestCommandLine::initTestCase()
 
 void TestCommandLine::scriptWritesEveryStatementOfARun()
 {
-    const QByteArray expected = fileBytes(kFixture);
+    const QByteArray expected = wholeRunFixtureBytes();
     QVERIFY(!expected.isEmpty());
     const Invocation toStandardOutput = invoke({QStringLiteral("script")});
     QCOMPARE(toStandardOutput.exit, 0);

@@ -120,7 +120,7 @@ void TestMaintenanceRun::newDatabaseReceivesTheCompleteScript()
     QStringList sent;
     for (const QString &call : run.log->calls.mid(1))
         sent << call.section(QLatin1Char(' '), 1);
-    const QStringList expected = fixtureStatements(QStringLiteral("full_run.sql"));
+    const QStringList expected = wholeRunFixtureStatements();
     QCOMPARE(sent.size(), expected.size());
     for (qsizetype i = 0; i < expected.size(); ++i)
         QCOMPARE(sent[i], expected[i]);

@@ -4,6 +4,7 @@
 #include "quietrunhost.h"
 #include "runplan.h"
 #include "scriptfixture.h"
+#include "tablesinorder.h"
 
 #include <QTest>
 
@@ -138,12 +139,7 @@ void tst_TablePhaseDatabase::initTestCase()
 void tst_TablePhaseDatabase::newDatabaseGetsEveryTableInOrder()
 {
     QCOMPARE(m_newDatabase->database(kDatabase).tables(),
-             (QStringList{"tblCareOf", "tblClosingDate", "tblDBCR", "tblLogon", "tblMonthlyComparisonReportEmpty",
-                          "tblDailyComparisonReportEmpty", "tblPartyBalance", "tblPartyBalanceEmpty", "tblPartyInfo",
-                          "tblItemCoding", "tblInvoice", "tblInvoiceEmpty", "tblDeliveryChallan", "tblPurchaseStock",
-                          "tblStockEmpty", "tblEmployeeStock", "tblEmployeeInfo", "tblEmployeeSalary",
-                          "tblOtherServices", "tblPostDatedCheque", "tblUserRights", "tblKWClientInfo",
-                          "tblPurchaseOrder", "tblJobCard", "tblTitleName", "tblConfig"}));
+             tablesInCreationOrder());
 }
 
 void tst_TablePhaseDatabase::newDatabaseColumns_data()
