@@ -2,10 +2,8 @@
 
 #include "commandoptions.h"
 #include "connectionprofiles.h"
-#include "expectedschema.h"
 #include "mdzrt.h"
 #include "schemadrift.h"
-#include "viewcatalog.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -21,14 +19,6 @@ constexpr char kDescription[] =
     "views of its own are listed as left alone. Only reads: it sends nothing but\n"
     "Selects. Exit 0 when the database matches, 1 when it differs or cannot be\n"
     "opened or read.";
-
-DatabaseSchema expectedSchema()
-{
-    DatabaseSchema schema{tablePhaseSchema().tables, {}};
-    for (const ReportView &view : reportViewsInCreateOrder())
-        schema.views << QString::fromUtf8(view.name.data(), qsizetype(view.name.size()));
-    return schema;
-}
 
 QString columnName(const ColumnFinding &finding)
 {
@@ -109,50 +99,32 @@ void printJson(QTextStream &out, const QString &database, const SchemaDrift &dri
 int checkCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({QStringLiteral("mode"), QStringLiteral("OFFLINE, LOCAL or ONLINE."), QStringLiteral("MODE")});
-    parser.addOption({QStringLiteral("database"), QStringLiteral("The database to check."), QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("server"), QStringLiteral("The server (default: the local default instance)."),
-                      QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("odbc"), QStringLiteral("A complete ODBC connection string instead of a server."),
-                      QStringLiteral("STRING")});
+    addDatabaseOptions(parser);
     parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON object instead of the report.")});
     if (const std::optional<int> exit =
             parseOptions(parser, QStringLiteral("check"), QString::fromLatin1(kDescription), arguments, context))
         return *exit;
-    const std::optional<QString> mode = checkedMode(parser, context);
-    if (!mode)
+    const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("check"), context);
+    if (!choice)
         return kExitUsage;
-    const std::optional<QString> database = requiredValue(parser, QStringLiteral("database"), context);
-    if (!database)
-        return kExitUsage;
-    if (database->isEmpty()) {
-        context.err << "zrt check: --database names no database\n";
-        return kExitUsage;
-    }
-    const bool viaOdbc = parser.isSet(QStringLiteral("odbc"));
-    if (viaOdbc && parser.isSet(QStringLiteral("server"))) {
-        context.err << "zrt check: give --server or --odbc, not both\n";
-        return kExitUsage;
-    }
 
-    const QString server = parser.value(QStringLiteral("server"));
-    mdZRT module(viaOdbc ? context.odbc(parser.value(QStringLiteral("odbc"))) : context.sqlServer, server);
-    module.OpenConnection(*mode, server, *database);
+    mdZRT module(chosenConnections(parser, context), choice->server);
+    module.OpenConnection(choice->mode, choice->server, choice->database);
     if (!module.ConnectionOpened()) {
-        context.err << "zrt check: cannot open the database '" << *database << "'\n";
+        context.err << "zrt check: cannot open the database '" << choice->database << "'\n";
         return kExitFailed;
     }
     DatabaseSchema found;
     const DbStatus read = readDatabaseSchema(module.SharedConnection(), found);
     if (!read.ok) {
-        context.err << "zrt check: cannot read the catalogue of '" << *database
+        context.err << "zrt check: cannot read the catalogue of '" << choice->database
                     << "': " << ConnectionProfiles::withoutPasswords(read.message) << "\n";
         return kExitFailed;
     }
 
-    const SchemaDrift drift = schemaDrift(expectedSchema(), found);
+    const SchemaDrift drift = schemaDrift(whatARunLeaves(), found);
     if (parser.isSet(QStringLiteral("json")))
-        printJson(context.out, *database, drift);
+        printJson(context.out, choice->database, drift);
     else
         printReport(context.out, drift);
     return drift.differences() == 0 ? kExitOk : kExitFailed;

@@ -43,3 +43,38 @@ std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandCont
     }
     return mode;
 }
+
+void addDatabaseOptions(QCommandLineParser &parser)
+{
+    parser.addOption({QStringLiteral("mode"), QStringLiteral("OFFLINE, LOCAL or ONLINE."), QStringLiteral("MODE")});
+    parser.addOption({QStringLiteral("database"), QStringLiteral("The database."), QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("server"), QStringLiteral("The server (default: the local default instance)."),
+                      QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("odbc"), QStringLiteral("A complete ODBC connection string instead of a server."),
+                      QStringLiteral("STRING")});
+}
+
+ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context)
+{
+    return parser.isSet(QStringLiteral("odbc")) ? context.odbc(parser.value(QStringLiteral("odbc"))) : context.sqlServer;
+}
+
+std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &parser, const QString &command,
+                                                    CommandContext &context)
+{
+    const std::optional<QString> mode = checkedMode(parser, context);
+    if (!mode)
+        return std::nullopt;
+    const std::optional<QString> database = requiredValue(parser, QStringLiteral("database"), context);
+    if (!database)
+        return std::nullopt;
+    if (database->isEmpty()) {
+        context.err << "zrt " << command << ": --database names no database\n";
+        return std::nullopt;
+    }
+    if (parser.isSet(QStringLiteral("odbc")) && parser.isSet(QStringLiteral("server"))) {
+        context.err << "zrt " << command << ": give --server or --odbc, not both\n";
+        return std::nullopt;
+    }
+    return DatabaseChoice{*mode, *database, parser.value(QStringLiteral("server"))};
+}

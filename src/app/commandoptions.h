@@ -11,6 +11,23 @@
 std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QString &description,
                                 const QStringList &arguments, CommandContext &context);
 
+// --mode, --database, --server and --odbc: the options run and check share.
+void addDatabaseOptions(QCommandLineParser &parser);
+
+struct DatabaseChoice
+{
+    QString mode;
+    QString database;
+    QString server;
+};
+
+// The shared options' values, else a usage message naming what is wrong.
+std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &parser, const QString &command,
+                                                    CommandContext &context);
+
+// The database's connections: --odbc's string for every open, else the servers'.
+ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context);
+
 // The mode's value when it is one of the three, else a usage message.
 std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandContext &context);
 

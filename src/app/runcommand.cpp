@@ -3,6 +3,7 @@
 #include "allruns.h"
 #include "commandoptions.h"
 #include "connectionprofiles.h"
+#include "databaselisting.h"
 #include "databaserun.h"
 
 #include <QDir>
@@ -55,14 +56,59 @@ bool checkCombination(const QCommandLineParser &parser, CommandContext &context)
     }
     if (set("jobs") || set("report-dir"))
         return usageError(context, "--jobs and --report-dir go with --all");
-    if (set("odbc") && set("server"))
-        return usageError(context, "give --server or --odbc, not both");
     return true;
+}
+
+QString outcomeName(const std::optional<DatabaseRunResult> &result)
+{
+    if (!result)
+        return QStringLiteral("not done");
+    switch (result->end) {
+    case RunEnd::Completed:
+        return QStringLiteral("completed");
+    case RunEnd::NotOpened:
+        return QStringLiteral("could not start");
+    case RunEnd::Stopped:
+        return QStringLiteral("interrupted");
+    }
+    Q_UNREACHABLE();
+}
+
+QString tableRow(const QString &database, const QString &outcome, const QString &failed, const QString &columns,
+                 const QString &seconds)
+{
+    return QStringLiteral("%1 %2 %3 %4 %5\n").arg(database, -30).arg(outcome, -16).arg(failed, 7).arg(columns, 8).arg(seconds, 8);
+}
+
+// One row per listed database, in the server's order.
+int printAllRuns(const AllRunsResult &all, CommandContext &context)
+{
+    context.out << tableRow(QStringLiteral("Database"), QStringLiteral("Outcome"), QStringLiteral("Failed"),
+                            QStringLiteral("Columns"), QStringLiteral("Seconds"));
+    bool allCompleted = true;
+    QStringList notDone;
+    for (qsizetype i = 0; i < all.databases.size(); ++i) {
+        const std::optional<DatabaseRunResult> &result = all.results[i];
+        const bool ran = result && result->end != RunEnd::NotOpened;
+        allCompleted = allCompleted && result && result->end == RunEnd::Completed;
+        if (!result || result->end == RunEnd::Stopped)
+            notDone << all.databases[i];
+        const QString none = QStringLiteral("-");
+        context.out << tableRow(all.databases[i], outcomeName(result),
+                                ran ? QString::number(result->tally.count(StatementResult::Failed)) : none,
+                                ran ? QString::number(result->tally.columnsAdded()) : none,
+                                result ? QString::number(result->seconds, 'f', 1) : none);
+    }
+    if (!notDone.isEmpty())
+        context.out << "Not done: " << notDone.join(QLatin1String(", ")) << "\n";
+    return allCompleted ? kExitOk : kExitFailed;
 }
 
 int runAll(const QCommandLineParser &parser, const QString &mode, CommandContext &context)
 {
-    AllRuns runs{mode, parser.value(QStringLiteral("server"))};
+    AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer};
+    runs.mask = [](QString text) { return ConnectionProfiles::withoutPasswords(std::move(text)); };
+    runs.stop = context.stop;
     if (parser.isSet(QStringLiteral("jobs"))) {
         bool ok = false;
         runs.jobs = parser.value(QStringLiteral("jobs")).toInt(&ok);
@@ -79,18 +125,31 @@ int runAll(const QCommandLineParser &parser, const QString &mode, CommandContext
             return kExitUsage;
         }
     }
-    return runAllDatabases(runs, context);
+    const AllRunsResult all = runAllDatabases(runs);
+    if (all.listingFailed) {
+        context.err << kConnectionNotEstablished << "\n";
+        return kExitFailed;
+    }
+    return printAllRuns(all, context);
 }
 
-int runOne(const QCommandLineParser &parser, const QString &mode, CommandContext &context)
+// A bar on the terminal, redrawn in place.
+void drawProgress(QTextStream &err, int value, int maximum)
 {
-    const std::optional<QString> database = requiredValue(parser, QStringLiteral("database"), context);
-    if (!database)
+    constexpr int kBarWidth = 40;
+    if (maximum <= 0)
+        return;
+    const int filled = kBarWidth * value / maximum;
+    err << "\r[" << QString(filled, QLatin1Char('#')) << QString(kBarWidth - filled, QLatin1Char(' ')) << "] "
+        << 100 * value / maximum << "%";
+    err.flush();
+}
+
+int runOne(const QCommandLineParser &parser, CommandContext &context)
+{
+    const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("run"), context);
+    if (!choice)
         return kExitUsage;
-    if (database->isEmpty()) {
-        context.err << "zrt run: --database names no database\n";
-        return kExitUsage;
-    }
     // Written whole at the end, or not at all.
     std::optional<QSaveFile> report;
     if (parser.isSet(QStringLiteral("report"))) {
@@ -101,14 +160,12 @@ int runOne(const QCommandLineParser &parser, const QString &mode, CommandContext
         }
     }
 
-    const bool viaOdbc = parser.isSet(QStringLiteral("odbc"));
-    const QString odbc = parser.value(QStringLiteral("odbc"));
-    const QString odbcSecret = odbcPassword(odbc);
+    const QString odbcSecret = odbcPassword(parser.value(QStringLiteral("odbc")));
     DatabaseRun run;
-    run.mode = mode;
-    run.server = parser.value(QStringLiteral("server"));
-    run.database = *database;
-    run.connections = viaOdbc ? context.odbc(odbc) : context.sqlServer;
+    run.mode = choice->mode;
+    run.server = choice->server;
+    run.database = choice->database;
+    run.connections = chosenConnections(parser, context);
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
@@ -116,17 +173,20 @@ int runOne(const QCommandLineParser &parser, const QString &mode, CommandContext
         text = ConnectionProfiles::withoutPasswords(std::move(text));
         return odbcSecret.isEmpty() ? text : text.replace(odbcSecret, QLatin1String("****"));
     };
-    run.showProgress = context.terminal;
+    if (context.terminal)
+        run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
     run.stop = context.stop;
 
-    const DatabaseRunResult result = runDatabase(run, context);
+    const DatabaseRunResult result = runDatabase(run);
+    if (context.terminal)
+        context.err << "\n";
     if (result.end != RunEnd::Completed) {
         if (report)
             report->cancelWriting();
         if (result.end == RunEnd::Stopped)
-            context.err << "\nzrt run: interrupted after " << result.tally.sent() << " statements\n";
+            context.err << "zrt run: interrupted after " << result.tally.sent() << " statements\n";
         else
-            context.err << "zrt run: cannot open the database '" << *database
+            context.err << "zrt run: cannot open the database '" << choice->database
                         << "'; give --create-at FILEBASE to create it\n";
         return kExitFailed;
     }
@@ -143,12 +203,7 @@ int runOne(const QCommandLineParser &parser, const QString &mode, CommandContext
 int runCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({QStringLiteral("mode"), QStringLiteral("OFFLINE, LOCAL or ONLINE."), QStringLiteral("MODE")});
-    parser.addOption({QStringLiteral("database"), QStringLiteral("The database to maintain."), QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("server"), QStringLiteral("The server (default: the local default instance)."),
-                      QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("odbc"), QStringLiteral("A complete ODBC connection string instead of a server."),
-                      QStringLiteral("STRING")});
+    addDatabaseOptions(parser);
     parser.addOption({QStringLiteral("create-at"),
                       QStringLiteral("Create a database that cannot be opened, with its files at FILEBASE.mdf and "
                                      "FILEBASE_Log.ldf, named after FILEBASE's file name."),
@@ -163,8 +218,10 @@ int runCommand(const QStringList &arguments, CommandContext &context)
     if (const std::optional<int> exit =
             parseOptions(parser, QStringLiteral("run"), QString::fromLatin1(kDescription), arguments, context))
         return *exit;
-    const std::optional<QString> mode = checkedMode(parser, context);
-    if (!mode || !checkCombination(parser, context))
+    if (!checkCombination(parser, context))
         return kExitUsage;
-    return parser.isSet(QStringLiteral("all")) ? runAll(parser, *mode, context) : runOne(parser, *mode, context);
+    if (!parser.isSet(QStringLiteral("all")))
+        return runOne(parser, context);
+    const std::optional<QString> mode = checkedMode(parser, context);
+    return mode ? runAll(parser, *mode, context) : kExitUsage;
 }

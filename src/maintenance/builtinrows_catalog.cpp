@@ -12,7 +12,7 @@ namespace {
 constexpr char kInitialAdministratorPassword[] = "TULIPOAK";
 
 constexpr std::array<TableStatement, 5> kConfigTable = {
-    std::string_view("CREATE TABLE [dbo].[tblConfig] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
+    createTable("CREATE TABLE [dbo].[tblConfig] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{"tblConfig", "ValueInPoints", "nvarchar", "5", "Default('NO')", "NOT NULL", true},
     ColumnRow{"tblConfig", "DecimalPointsYes", "int", "", "Default(3)", "NOT NULL", true},
     ColumnRow{"tblConfig", "DecimalPointsNo", "int", "", "Default(2)", "NOT NULL", true},
@@ -26,7 +26,7 @@ Steps closingDateRowSteps()
 {
     return {
         Step::guard(QStringLiteral("Select ClosingDate From tblClosingDate"), Recordset::Check, {
-            Step::execute(QStringLiteral("Insert Into tblClosingDate (ClosingDate) Values ('1/1/2000')")),
+            Step::execute(Action::InsertBuiltInRow, QStringLiteral("Insert Into tblClosingDate (ClosingDate) Values ('1/1/2000')")),
         }),
     };
 }
@@ -37,7 +37,7 @@ Steps administratorRowSteps()
 {
     return {
         Step::guard(QStringLiteral("Select UserName From tblLogon Where UserName='ADMINISTRATOR'"), Recordset::Check, {
-            Step::execute(QStringLiteral("Insert Into tblLogon (UserName,Password,UserType) Values ('ADMINISTRATOR','%1','ADMINISTRATOR')")
+            Step::execute(Action::InsertBuiltInRow, QStringLiteral("Insert Into tblLogon (UserName,Password,UserType) Values ('ADMINISTRATOR','%1','ADMINISTRATOR')")
                               .arg(QLatin1String(kInitialAdministratorPassword))),
         }),
     };
@@ -47,7 +47,7 @@ Steps administratorRowSteps()
 Steps reportHeaderRowSteps()
 {
     return {
-        Step::execute(QStringLiteral("Insert Into tblKWClientInfo (KWClientName,KWClientAddress,SDate,EDate,VoucherType,VoucherNo,PartyCode,PartyCode1,PartyName,CareOf,UserName) Values ('1','1','1/1/2000','1/1/2000','1','1','1','1','1','1','1')")),
+        Step::execute(Action::InsertBuiltInRow, QStringLiteral("Insert Into tblKWClientInfo (KWClientName,KWClientAddress,SDate,EDate,VoucherType,VoucherNo,PartyCode,PartyCode1,PartyName,CareOf,UserName) Values ('1','1','1/1/2000','1/1/2000','1','1','1','1','1','1','1')")),
     };
 }
 
@@ -57,9 +57,9 @@ Steps configTableSteps()
     // DecimalPointsYes 0 against its default of 3, and UpdateStatus as the
     // number 0: the row the application has always started from.
     steps.push_back(Step::guard(QStringLiteral("Select * From tblConfig"), Recordset::Config, {
-        Step::execute(QStringLiteral("Insert Into tblConfig (ValueInPoints,DecimalPointsYes,DecimalPointsNo,UpdateStatus) Values ('NO',0,2,0)")),
+        Step::execute(Action::InsertBuiltInRow, QStringLiteral("Insert Into tblConfig (ValueInPoints,DecimalPointsYes,DecimalPointsNo,UpdateStatus) Values ('NO',0,2,0)")),
     }));
     // Every row, every run, once every table and column has been issued.
-    steps.push_back(Step::execute(QStringLiteral("Update tblConfig Set UpdateStatus='20210105'")));
+    steps.push_back(Step::execute(Action::StampConfiguration, QStringLiteral("Update tblConfig Set UpdateStatus='20210105'")));
     return steps;
 }

@@ -84,8 +84,8 @@ Steps chartOfAccountsSteps()
         // tested: it follows the party insert whatever that insert did.
         steps.push_back(Step::guard(nameTest(account), Recordset::Check, {
             Step::guard(codeTest(account), Recordset::InnerCheck, {
-                Step::execute(partyInsert(account)),
-                Step::execute(openingBalanceInsert(account)),
+                Step::execute(Action::InsertAccount, partyInsert(account)),
+                Step::execute(Action::InsertOpeningBalance, openingBalanceInsert(account)),
             }),
         }));
     }

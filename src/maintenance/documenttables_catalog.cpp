@@ -6,13 +6,12 @@
 #include <array>
 #include <string_view>
 
-using namespace std::string_view_literals;
 
 namespace {
 
 constexpr std::string_view kDeliveryChallan = "tblDeliveryChallan";
 constexpr auto kDeliveryChallanStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblDeliveryChallan] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblDeliveryChallan] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kDeliveryChallan, "RecordNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kDeliveryChallan, "DeliveryChallanNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kDeliveryChallan, "PartyName", "nvarchar", "50", "Default('')", "NOT NULL", true},
@@ -33,7 +32,7 @@ constexpr auto kDeliveryChallanStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kPurchaseStock = "tblPurchaseStock";
 constexpr auto kPurchaseStockStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblPurchaseStock] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblPurchaseStock] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kPurchaseStock, "RecordNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kPurchaseStock, "VoucherType", "nvarchar", "3", "Default('')", "NOT NULL", true},
     ColumnRow{kPurchaseStock, "VoucherNo", "bigint", "", "Default(0)", "NOT NULL", true},
@@ -57,7 +56,7 @@ constexpr auto kPurchaseStockStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kEmployeeStock = "tblEmployeeStock";
 constexpr auto kEmployeeStockStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblEmployeeStock] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblEmployeeStock] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kEmployeeStock, "BrandName", "nvarchar", "35", "Default('')", "NOT NULL", false},
     ColumnRow{kEmployeeStock, "Type", "nvarchar", "20", "Default('')", "NOT NULL", true},
     ColumnRow{kEmployeeStock, "PartyName", "nvarchar", "50", "Default('')", "NOT NULL", true},
@@ -65,7 +64,7 @@ constexpr auto kEmployeeStockStatements = std::to_array<TableStatement>({
     ColumnRow{kEmployeeStock, "Units", "int", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kEmployeeStock, "Issue", "int", "", "Default(0)", "NOT NULL", true},
     // No default: refused on a table that already holds rows, which then stays without it.
-    "ALTER TABLE [dbo].[tblEmployeeStock] ADD [StockDate] [datetime] NOT NULL "sv,
+    addColumnText("ALTER TABLE [dbo].[tblEmployeeStock] ADD [StockDate] [datetime] NOT NULL "),
     ColumnRow{kEmployeeStock, "Item", "nvarchar", "9", "Default('')", "NOT NULL", false},
     ColumnRow{kEmployeeStock, "UserName", "nvarchar", "50", "Default('')", "NOT NULL", false},
     ColumnRow{kEmployeeStock, "EntryDate", "datetime", "", "Default('1/1/2000')", "NOT NULL", true},
@@ -73,7 +72,7 @@ constexpr auto kEmployeeStockStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kEmployeeInfo = "tblEmployeeInfo";
 constexpr auto kEmployeeInfoStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblEmployeeInfo] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblEmployeeInfo] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kEmployeeInfo, "EmployeeCode", "nvarchar", "9", "Default('')", "NOT NULL", true},
     ColumnRow{kEmployeeInfo, "EmployeeName", "nvarchar", "50", "Default('')", "NOT NULL", true},
     ColumnRow{kEmployeeInfo, "Salary", "bigint", "", "Default(0)", "NOT NULL", true},
@@ -86,7 +85,7 @@ constexpr auto kEmployeeInfoStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kEmployeeSalary = "tblEmployeeSalary";
 constexpr auto kEmployeeSalaryStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblEmployeeSalary] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblEmployeeSalary] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kEmployeeSalary, "VoucherType", "nvarchar", "2", "Default('')", "NOT NULL", false},
     ColumnRow{kEmployeeSalary, "VoucherNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kEmployeeSalary, "VDate", "datetime", "", "Default('1/1/2000')", "NOT NULL", true},
@@ -107,7 +106,7 @@ constexpr auto kEmployeeSalaryStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kOtherServices = "tblOtherServices";
 constexpr auto kOtherServicesStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblOtherServices] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblOtherServices] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kOtherServices, "VoucherType", "nvarchar", "3", "Default('')", "NOT NULL", true},
     ColumnRow{kOtherServices, "VoucherNo", "int", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kOtherServices, "ServiceDate", "datetime", "", "Default('1/1/2000')", "NOT NULL", true},
@@ -127,7 +126,7 @@ constexpr auto kOtherServicesStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kPostDatedCheque = "tblPostDatedCheque";
 constexpr auto kPostDatedChequeStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblPostDatedCheque] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblPostDatedCheque] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kPostDatedCheque, "VoucherType", "nvarchar", "2", "Default('')", "NOT NULL", true},
     ColumnRow{kPostDatedCheque, "VoucherNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kPostDatedCheque, "VDate", "datetime", "", "Default('1/1/2000')", "NOT NULL", true},
@@ -146,14 +145,14 @@ constexpr auto kPostDatedChequeStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kUserRights = "tblUserRights";
 constexpr auto kUserRightsStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblUserRights] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblUserRights] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kUserRights, "Menu", "nvarchar", "4000", "Default('')", "NOT NULL", false},
     ColumnRow{kUserRights, "UserName", "nvarchar", "50", "Default('')", "NOT NULL", false},
 });
 
 constexpr std::string_view kPurchaseOrder = "tblPurchaseOrder";
 constexpr auto kPurchaseOrderStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblPurchaseOrder] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblPurchaseOrder] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kPurchaseOrder, "RecordNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kPurchaseOrder, "PONo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kPurchaseOrder, "PartyPONo", "nvarchar", "30", "Default('')", "NOT NULL", true},
@@ -175,7 +174,7 @@ constexpr auto kPurchaseOrderStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kJobCard = "tblJobCard";
 constexpr auto kJobCardStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblJobCard] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblJobCard] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kJobCard, "JobCardNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kJobCard, "PartyPONo", "nvarchar", "50", "Default('')", "NOT NULL", true},
     ColumnRow{kJobCard, "PartyName", "nvarchar", "50", "Default('')", "NOT NULL", true},

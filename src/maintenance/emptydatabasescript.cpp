@@ -14,7 +14,6 @@ void collect(const Steps &steps, QStringList &statements)
             collect(step.whenNoRows, statements);
             break;
         case Step::Kind::Progress:
-        case Step::Kind::Phase:
             break;
         }
     }

@@ -6,36 +6,35 @@
 #include <array>
 #include <string_view>
 
-using namespace std::string_view_literals;
 
 namespace {
 
 constexpr std::string_view kCareOf = "tblCareOf";
 constexpr auto kCareOfStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblCareOf] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblCareOf] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kCareOf, "Name", "nvarchar", "50", "Default('')", "NOT NULL", false},
     ColumnRow{kCareOf, "Designation", "nvarchar", "20", "Default('')", "NOT NULL", false},
     ColumnRow{kCareOf, "UserName", "nvarchar", "50", "Default('')", "NOT NULL", false},
 });
 
 constexpr auto kClosingDateStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblClosingDate] ([ClosingDate] [DateTime] Default('1/1/2000') NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblClosingDate] ([ClosingDate] [DateTime] Default('1/1/2000') NOT NULL)"),
 });
 
 constexpr auto kDbcrStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblDBCR] ( [PartyCode] [nvarchar] (9) Default('') NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblDBCR] ( [PartyCode] [nvarchar] (9) Default('') NOT NULL)"),
 });
 
 constexpr std::string_view kLogon = "tblLogon";
 constexpr auto kLogonStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblLogon] ( [UserName] [nvarchar] (50) Default('') NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblLogon] ( [UserName] [nvarchar] (50) Default('') NOT NULL )"),
     ColumnRow{kLogon, "Password", "nvarchar", "50", "Default('')", "NOT NULL", true},
     ColumnRow{kLogon, "UserType", "nvarchar", "13", "Default('')", "NOT NULL", false},
 });
 
 constexpr std::string_view kPartyBalance = "tblPartyBalance";
 constexpr auto kPartyBalanceStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblPartyBalance] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblPartyBalance] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kPartyBalance, "RecordNo", "bigint", "", "Default(0)", "NOT NULL", false},
     ColumnRow{kPartyBalance, "VoucherType", "nvarchar", "5", "Default('')", "NOT NULL", true},
     ColumnRow{kPartyBalance, "VoucherNo", "bigint", "", "Default(0)", "NOT NULL", false},
@@ -61,7 +60,7 @@ constexpr auto kPartyBalanceStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kPartyInfo = "tblPartyInfo";
 constexpr auto kPartyInfoStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblPartyInfo] ( [PartySrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblPartyInfo] ( [PartySrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kPartyInfo, "PartyName", "nvarchar", "200", "Default('')", "NOT NULL", true},
     ColumnRow{kPartyInfo, "PartyCode", "nvarchar", "9", "Default('')", "NOT NULL", true},
     ColumnRow{kPartyInfo, "PartyAddress", "nvarchar", "100", "Default('')", "NOT NULL", true},
@@ -76,17 +75,17 @@ constexpr auto kPartyInfoStatements = std::to_array<TableStatement>({
     ColumnRow{kPartyInfo, "UserName", "nvarchar", "50", "Default('')", "NOT NULL", false},
     ColumnRow{kPartyInfo, "EntryDate", "datetime", "", "Default('1/1/2000')", "NOT NULL", true},
     // Older databases hold these narrower; a new one gets Phone, Fax and Email widened from 50.
-    "ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyName] [nvarchar] (200) NOT NULL"sv,
-    "ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyAddress] [nvarchar] (100) NOT NULL"sv,
-    "ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyPhone] [nvarchar] (100) NOT NULL"sv,
-    "ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyFax] [nvarchar] (100) NOT NULL"sv,
-    "ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyEmail] [nvarchar] (100) NOT NULL"sv,
-    "ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyDesc] [nvarchar] (500) NOT NULL"sv,
+    widenColumn("ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyName] [nvarchar] (200) NOT NULL"),
+    widenColumn("ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyAddress] [nvarchar] (100) NOT NULL"),
+    widenColumn("ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyPhone] [nvarchar] (100) NOT NULL"),
+    widenColumn("ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyFax] [nvarchar] (100) NOT NULL"),
+    widenColumn("ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyEmail] [nvarchar] (100) NOT NULL"),
+    widenColumn("ALTER TABLE [dbo].[tblPartyInfo] ALTER COLUMN [PartyDesc] [nvarchar] (500) NOT NULL"),
 });
 
 constexpr std::string_view kItemCoding = "tblItemCoding";
 constexpr auto kItemCodingStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblItemCoding] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblItemCoding] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     ColumnRow{kItemCoding, "ItemName", "nvarchar", "100", "Default('')", "NOT NULL", true},
     ColumnRow{kItemCoding, "ItemCode", "nvarchar", "9", "Default('')", "NOT NULL", true},
     ColumnRow{kItemCoding, "CostRate", "real", "", "Default(0)", "NOT NULL", true},
@@ -98,7 +97,7 @@ constexpr auto kItemCodingStatements = std::to_array<TableStatement>({
 
 constexpr std::string_view kInvoice = "tblInvoice";
 constexpr auto kInvoiceStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblInvoice] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"sv,
+    createTable("CREATE TABLE [dbo].[tblInvoice] ( [SrNo] [bigint] IDENTITY (1, 1) NOT NULL )"),
     ColumnRow{kInvoice, "RecordNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kInvoice, "InvoiceNo", "bigint", "", "Default(0)", "NOT NULL", true},
     ColumnRow{kInvoice, "PartyName", "nvarchar", "50", "Default('')", "NOT NULL", true},
@@ -132,9 +131,9 @@ constexpr auto kInvoiceStatements = std::to_array<TableStatement>({
 });
 
 constexpr auto kTitleNameStatements = std::to_array<TableStatement>({
-    "CREATE TABLE [dbo].[tblTitleName] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"sv,
+    createTable("CREATE TABLE [dbo].[tblTitleName] ([SrNo] [bigint] IDENTITY (1, 1) NOT NULL)"),
     // The one default written with a blank before its parenthesis.
-    "ALTER TABLE [dbo].[tblTitleName] ADD [TitleName] [nvarchar] (50) Default ('') NOT NULL"sv,
+    addColumnText("ALTER TABLE [dbo].[tblTitleName] ADD [TitleName] [nvarchar] (50) Default ('') NOT NULL"),
 });
 
 } // namespace

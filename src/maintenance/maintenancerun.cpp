@@ -33,7 +33,8 @@ RunEnd MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
         const std::optional<DatabaseFile> file = m_host.chooseDatabaseFile();
         if (!file)
             return RunEnd::NotOpened;
-        m_phase = QStringLiteral("create database");
+        m_phase = Phase::CreateDatabase;
+        m_action = Action::CreateDatabase;
         ExecuteIgnoringErrors(createDatabaseStatement(file->title, file->fullName));
         m_module.SharedConnection().close();
         m_module.OpenConnection(choice.mode, choice.server, choice.database);
@@ -53,6 +54,8 @@ RunEnd MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
 bool MaintenanceRun::walk(const Steps &steps)
 {
     for (const Step &step : steps) {
+        m_phase = step.phase;
+        m_action = step.action;
         switch (step.kind) {
         case Step::Kind::Execute:
             if (m_host.stopRequested())
@@ -68,9 +71,6 @@ bool MaintenanceRun::walk(const Steps &steps)
         case Step::Kind::Progress:
             m_host.setProgress(step.progress);
             break;
-        case Step::Kind::Phase:
-            m_phase = step.text;
-            break;
         }
     }
     return true;
@@ -81,7 +81,7 @@ void MaintenanceRun::ExecuteIgnoringErrors(const QString &sql)
     QElapsedTimer timer;
     timer.start();
     const DbStatus status = m_module.SharedConnection().execute(sql);
-    m_host.statementExecuted({m_phase, sql, false, status, timer.nsecsElapsed()});
+    m_host.statementExecuted({m_phase, m_action, sql, status, timer.nsecsElapsed()});
 }
 
 bool MaintenanceRun::QueryReturnsNoRows(const QString &select, ResultSet &into)
@@ -90,7 +90,7 @@ bool MaintenanceRun::QueryReturnsNoRows(const QString &select, ResultSet &into)
     timer.start();
     // A failing Select leaves the variable's earlier result set in place.
     const DbStatus status = m_module.SharedConnection().query(select, into);
-    m_host.statementExecuted({m_phase, select, true, status, timer.nsecsElapsed()});
+    m_host.statementExecuted({m_phase, Action::ExistenceTest, select, status, timer.nsecsElapsed()});
     // A failing end test counts as no row, so the guarded insert is tried.
     return into.atEnd().value_or(true);
 }

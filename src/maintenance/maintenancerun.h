@@ -51,5 +51,7 @@ private:
     RunHost &m_host;
     CheckRecordsets &m_recordsets;
     ResultSet m_configRecordset;
-    QString m_phase;
+    // What the statement under way belongs to, for the host's reports.
+    Phase m_phase = Phase::Tables;
+    Action m_action = Action::ExistenceTest;
 };

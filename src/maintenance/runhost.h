@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dbstatus.h"
+#include "step.h"
 
 #include <QString>
 
@@ -17,9 +18,9 @@ struct DatabaseFile
 // One statement as the server answered it.
 struct StatementOutcome
 {
-    QString phase;
+    Phase phase = Phase::Tables;
+    Action action = Action::ExistenceTest;
     QString text;
-    bool isQuery = false;
     DbStatus status;
     qint64 nanoseconds = 0;
 };

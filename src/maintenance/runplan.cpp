@@ -20,15 +20,29 @@ constexpr std::array<std::string_view, 6> kRebuiltTableDrops = {
     "drop table [dbo].[tblStockEmpty]",
 };
 
-Steps viewPhaseSteps()
+Steps rebuiltTableDrops()
 {
-    Steps steps{Step::phase(QStringLiteral("view drops"))};
+    Steps steps;
+    for (std::string_view drop : kRebuiltTableDrops)
+        steps.push_back(Step::execute(Action::DropTable, QString::fromUtf8(drop)));
+    return steps;
+}
+
+Steps viewDrops()
+{
+    Steps steps;
     for (std::string_view name : reportViewDropOrder())
-        steps.push_back(Step::execute(QLatin1String("drop view [dbo].[") + QString::fromUtf8(name) + QLatin1Char(']')));
+        steps.push_back(Step::execute(Action::DropView,
+                                      QLatin1String("drop view [dbo].[") + QString::fromUtf8(name) + QLatin1Char(']')));
     steps.push_back(Step::progressMark(800));
-    steps.push_back(Step::phase(QStringLiteral("view creates")));
+    return steps;
+}
+
+Steps viewCreates()
+{
+    Steps steps;
     for (const ReportView &view : reportViewsInCreateOrder())
-        steps.push_back(Step::execute(QString::fromUtf8(view.definition)));
+        steps.push_back(Step::execute(Action::CreateView, QString::fromUtf8(view.definition)));
     steps.push_back(Step::progressMark(900));
     return steps;
 }
@@ -37,14 +51,11 @@ Steps viewPhaseSteps()
 
 Steps maintenanceSteps()
 {
-    Steps steps{Step::phase(QStringLiteral("rebuilt table drops"))};
-    for (std::string_view drop : kRebuiltTableDrops)
-        steps.push_back(Step::execute(QString::fromUtf8(drop)));
-    steps.push_back(Step::phase(QStringLiteral("tables")));
-    append(steps, tablePhaseSteps());
-    append(steps, viewPhaseSteps());
-    steps.push_back(Step::phase(QStringLiteral("chart of accounts")));
-    append(steps, chartOfAccountsSteps());
+    Steps steps = inPhase(Phase::RebuiltTableDrops, rebuiltTableDrops());
+    append(steps, inPhase(Phase::Tables, tablePhaseSteps()));
+    append(steps, inPhase(Phase::ViewDrops, viewDrops()));
+    append(steps, inPhase(Phase::ViewCreates, viewCreates()));
+    append(steps, inPhase(Phase::ChartOfAccounts, chartOfAccountsSteps()));
     return steps;
 }
 

@@ -154,7 +154,7 @@ constexpr std::string_view kKWClientInfoCreate =
 
 Steps createdWhole(std::string_view create)
 {
-    return {Step::execute(QString::fromUtf8(create))};
+    return {Step::execute(Action::CreateTable, QString::fromUtf8(create))};
 }
 
 } // namespace

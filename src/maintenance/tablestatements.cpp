@@ -2,10 +2,13 @@
 
 namespace {
 
-struct StatementText
+struct StatementStep
 {
-    QString operator()(const ColumnRow &row) const { return addColumnStatement(row); }
-    QString operator()(std::string_view whole) const { return QString::fromUtf8(whole); }
+    Step operator()(const ColumnRow &row) const { return Step::execute(Action::AddColumn, addColumnStatement(row)); }
+    Step operator()(const WholeTableStatement &whole) const
+    {
+        return Step::execute(whole.action, QString::fromUtf8(whole.text));
+    }
 };
 
 } // namespace
@@ -15,6 +18,6 @@ Steps tableSteps(std::span<const TableStatement> statements)
     Steps steps;
     steps.reserve(statements.size());
     for (const TableStatement &statement : statements)
-        steps.push_back(Step::execute(std::visit(StatementText{}, statement)));
+        steps.push_back(std::visit(StatementStep{}, statement));
     return steps;
 }

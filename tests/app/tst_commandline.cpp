@@ -1,6 +1,5 @@
-#include "catalogserver.h"
+#include "catalogueanswers.h"
 #include "commandinvocation.h"
-#include "fakesqlserver.h"
 #include "scriptfixture.h"
 
 #include <QDir>
@@ -42,72 +41,15 @@ Report readReport(const QString &path)
     return report;
 }
 
-// Lists its databases on master and accepts every statement on them, except
-// that it refuses to open some. It changes nothing of its own, so runs on
-// several threads may share it; it may ask a stop after some statements.
-class CompanyServer : public Connection
+const QString kLocalListing = QStringLiteral("Select name From sys.databases Where name like 'Quorvex%' Order By name");
+
+// Every call of every connection, in one list.
+QStringList allCalls(const ScriptedServer &server)
 {
-public:
-    struct Setup
-    {
-        QStringList databases;
-        QStringList refused;
-        std::atomic<int> *statements = nullptr;
-        std::atomic<bool> *stop = nullptr;
-        int stopAfter = -1;
-    };
-
-    explicit CompanyServer(const Setup &setup)
-        : m_setup(setup)
-    {
-    }
-
-    DbStatus open(const QString &connectionString) override
-    {
-        const QString catalog = connectionString.section(QLatin1String("Initial Catalog="), 1).section(QLatin1Char(';'), 0, 0);
-        if (m_open || m_setup.refused.contains(catalog))
-            return DbStatus::failure(QStringLiteral("Cannot open database"), 4060);
-        m_catalog = catalog;
-        m_open = true;
-        return DbStatus::success();
-    }
-    DbStatus execute(const QString &) override
-    {
-        if (m_setup.statements && ++*m_setup.statements == m_setup.stopAfter)
-            *m_setup.stop = true;
-        return m_open ? DbStatus::success() : DbStatus::failure(QStringLiteral("closed"));
-    }
-    DbStatus query(const QString &sql, ResultSet &into) override
-    {
-        if (!m_open)
-            return DbStatus::failure(QStringLiteral("closed"));
-        QList<QVariantList> rows;
-        if (m_catalog == QLatin1String("master") && sql.startsWith(QLatin1String("Select name From"))) {
-            QStringList names = m_setup.databases.filter(QRegularExpression(QStringLiteral("^quorvex"),
-                                                                             QRegularExpression::CaseInsensitiveOption));
-            names.sort();
-            for (const QString &name : names)
-                rows << QVariantList{name};
-        }
-        into = ResultSet({QStringLiteral("name")}, rows);
-        return DbStatus::success();
-    }
-    DbStatus close() override
-    {
-        m_open = false;
-        return DbStatus::success();
-    }
-    bool isOpen() const override { return m_open; }
-
-private:
-    const Setup &m_setup;
-    QString m_catalog;
-    bool m_open = false;
-};
-
-ConnectionFactory companyServer(const CompanyServer::Setup &setup)
-{
-    return [&setup] { return std::make_unique<CompanyServer>(setup); };
+    QStringList calls;
+    for (const QStringList &log : server.logs())
+        calls += log;
+    return calls;
 }
 
 // The summary table without its seconds, which vary from run to run.
@@ -131,12 +73,14 @@ private slots:
     void badUsage_data();
     void badUsage();
     void listPrintsTheDatabases();
-    void runOnTheFakeServer();
+    void runCountsWhatItsStatementsDid();
     void runOnSqliteAccountsForEveryStatement();
     void runStopsWhenTheDatabaseCannotBeOpened();
     void runAllGivesEachDatabaseItsRun_data();
     void runAllGivesEachDatabaseItsRun();
     void runAllStopsOnRequest();
+    void check_data();
+    void check();
 
 private:
     QTemporaryDir m_dir;
@@ -196,58 +140,44 @@ void TestCommandLine::badUsage()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, named);
-    auto server = std::make_shared<FakeServerState>();
-    const Invocation invocation = invoke(arguments, fakeSqlServerConnections(server));
+    ScriptedServer server;
+    const Invocation invocation = invoke(arguments, server.connections());
     QCOMPARE(invocation.exit, 2);
     QVERIFY2(invocation.err.contains(named), qPrintable(invocation.err));
     QVERIFY(invocation.out.isEmpty());
-    QVERIFY(server->statementLog().isEmpty());
+    QVERIFY(server.logs().isEmpty());
     QVERIFY(!QFileInfo::exists(m_dir.filePath(QStringLiteral("missing"))));
 }
 
 void TestCommandLine::listPrintsTheDatabases()
 {
-    auto state = std::make_shared<CatalogServer::State>();
-    state->databases = QStringList{QStringLiteral("QuorvexB"), QStringLiteral("Sales"), QStringLiteral("QuorvexA")};
-    const auto connections = [state] { return std::make_unique<CatalogServer>(state); };
+    ScriptedServer server;
+    server.answers.insert(kLocalListing, singleColumn("name", {"QuorvexA", "QuorvexB"}));
     const QStringList arguments{"list", "--mode", "LOCAL", "--server", "ACCOUNTS"};
-    const Invocation listed = invoke(arguments, connections);
+    const Invocation listed = invoke(arguments, server.connections());
     QCOMPARE(listed.exit, 0);
     QCOMPARE(listed.out, QStringLiteral("QuorvexA\nQuorvexB\n"));
 
-    state->refuseLogin = true;
-    const Invocation refused = invoke(arguments, connections);
+    server.refusedOpens << QStringLiteral("master");
+    const Invocation refused = invoke(arguments, server.connections());
     QCOMPARE(refused.exit, 1);
     QVERIFY(refused.out.isEmpty());
     QCOMPARE(refused.err, QStringLiteral("Connection not established, please check the server configuration.\n"));
-    QVERIFY(!refused.err.contains(QLatin1String("Tq482Harbor517")));
 }
 
-void TestCommandLine::runOnTheFakeServer()
+void TestCommandLine::runCountsWhatItsStatementsDid()
 {
-    auto server = std::make_shared<FakeServerState>();
-    const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexNew"};
-    const Invocation first = invoke(arguments, fakeSqlServerConnections(server));
-    QCOMPARE(first.exit, 0);
-    QCOMPARE(summaryCount(first.out, "Statements sent"), 493);
-    QCOMPARE(summaryCount(first.out, "  refused, already existed"), 0);
-    QCOMPARE(summaryCount(first.out, "  refused, not there to drop"), 66);
-    QCOMPARE(summaryCount(first.out, "  failed for another reason"), 1);
-    QCOMPARE(summaryCount(first.out, "Columns added"), 221);
-    QCOMPARE(summaryCount(first.out, "Views created"), 61);
-    QVERIFY(first.out.contains(QLatin1String("Views failed:                     1 (Stock)")));
-    QCOMPARE(summaryCount(first.out, "Built-in rows written"), 4);
-    QCOMPARE(summaryCount(first.out, "Accounts written"), 26);
-
-    const Invocation second = invoke(arguments, fakeSqlServerConnections(server));
-    QCOMPARE(second.exit, 0);
-    QCOMPARE(summaryCount(second.out, "Columns added"), 0);
-    // Every table but the six rebuilt ones, every column, and the two views
-    // that are never dropped.
-    QCOMPARE(summaryCount(second.out, "  refused, already existed"), 20 + 221 + 2);
-    QCOMPARE(summaryCount(second.out, "Views created"), 62 - 2 - 1); // Stock still has no table
-    QCOMPARE(summaryCount(second.out, "Built-in rows written"), 1);
-    QCOMPARE(summaryCount(second.out, "Accounts written"), 0);
+    ScriptedServer server;
+    server.failingStatements << QStringLiteral("drop view [dbo].[Stock]");
+    const Invocation run = invoke({"run", "--mode", "LOCAL", "--database", "QuorvexNew"}, server.connections());
+    QCOMPARE(run.exit, 0);
+    QCOMPARE(summaryCount(run.out, "Statements sent"), 493);
+    QCOMPARE(summaryCount(run.out, "  failed for another reason"), 1);
+    QCOMPARE(summaryCount(run.out, "Columns added"), 221);
+    QCOMPARE(summaryCount(run.out, "Views created"), 62);
+    QCOMPARE(summaryCount(run.out, "Built-in rows written"), 4);
+    QCOMPARE(summaryCount(run.out, "Accounts written"), 26);
+    QVERIFY2(run.out.contains("[view drops] drop view [dbo].[Stock]\n      scripted failure\n"), qPrintable(run.out));
 }
 
 void TestCommandLine::runOnSqliteAccountsForEveryStatement()
@@ -281,25 +211,23 @@ void TestCommandLine::runOnSqliteAccountsForEveryStatement()
 
 void TestCommandLine::runStopsWhenTheDatabaseCannotBeOpened()
 {
-    auto server = std::make_shared<FakeServerState>();
-    server->dropDatabase(QStringLiteral("QuorvexGone"));
+    ScriptedServer server;
+    server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexGone;");
     const QString report = m_dir.filePath(QStringLiteral("gone.jsonl"));
     const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexGone", "--report", report};
-    const Invocation stopped = invoke(arguments, fakeSqlServerConnections(server));
+    const Invocation stopped = invoke(arguments, server.connections());
     QCOMPARE(stopped.exit, 1);
     QVERIFY(stopped.err.contains(QLatin1String("QuorvexGone")));
     QVERIFY(stopped.err.contains(QLatin1String("--create-at")));
-    QVERIFY(server->statementLog().isEmpty());
+    QVERIFY(!allCalls(server).join('\n').contains("execute"));
     QVERIFY(!QFileInfo::exists(report));
 
-    const Invocation created = invoke(arguments + QStringList{"--create-at", "/srv/sql/QuorvexGone"},
-                                      fakeSqlServerConnections(server));
+    const Invocation created = invoke(arguments + QStringList{"--create-at", "/srv/sql/QuorvexGone"}, server.connections());
     QCOMPARE(created.exit, 0);
-    QCOMPARE(server->statementLog().first().text,
-             QStringLiteral("CREATE DATABASE [QuorvexGone]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/sql/QuorvexGone.mdf') "
-                            "LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/sql/QuorvexGone_Log.ldf')"));
-    QCOMPARE(summaryCount(created.out, "Accounts written"), 26);
-    QVERIFY(QFileInfo::exists(report));
+    QVERIFY(server.logs().last().contains(
+        QStringLiteral("execute CREATE DATABASE [QuorvexGone]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/sql/QuorvexGone.mdf') "
+                       "LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/sql/QuorvexGone_Log.ldf')")));
+    QCOMPARE(readReport(report).lines, 494);
 }
 
 void TestCommandLine::runAllGivesEachDatabaseItsRun_data()
@@ -313,13 +241,13 @@ void TestCommandLine::runAllGivesEachDatabaseItsRun_data()
 void TestCommandLine::runAllGivesEachDatabaseItsRun()
 {
     QFETCH(QString, jobs);
-    CompanyServer::Setup setup;
-    setup.databases = QStringList{"QuorvexC", "Sales", "QuorvexA", "QuorvexB"};
-    setup.refused = QStringList{"QuorvexB"};
+    ScriptedServer server;
+    server.answers.insert(kLocalListing, singleColumn("name", {"QuorvexA", "QuorvexB", "QuorvexC"}));
+    server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexB;");
     const QString reports = m_dir.filePath(QStringLiteral("reports-") + jobs);
     const Invocation all = invoke({"run", "--all", "--mode", "LOCAL", "--server", "ACCOUNTS", "--jobs", jobs,
                                    "--report-dir", reports},
-                                  companyServer(setup));
+                                  server.connections());
     QCOMPARE(all.exit, 1);
     QCOMPARE(tableWithoutSeconds(all.out),
              (QStringList{"Database                       Outcome           Failed  Columns",
@@ -329,9 +257,11 @@ void TestCommandLine::runAllGivesEachDatabaseItsRun()
     QCOMPARE(QDir(reports).entryList(QDir::Files), (QStringList{"QuorvexA.jsonl", "QuorvexC.jsonl"}));
     QCOMPARE(readReport(QDir(reports).filePath("QuorvexA.jsonl")).lines, 493);
 
-    setup.refused.clear();
+    // Each run on a connection of its own: the listing's, then one per database.
+    QCOMPARE(server.logs().size(), 4);
+    server.refusedOpens.clear();
     const Invocation clean = invoke({"run", "--all", "--mode", "LOCAL", "--server", "ACCOUNTS", "--jobs", jobs},
-                                    companyServer(setup));
+                                    server.connections());
     QCOMPARE(clean.exit, 0);
     QVERIFY(!clean.out.contains(QLatin1String("Not done")));
 }
@@ -340,21 +270,54 @@ void TestCommandLine::runAllStopsOnRequest()
 {
     std::atomic<int> statements = 0;
     std::atomic<bool> stop = false;
-    CompanyServer::Setup setup;
-    setup.databases = QStringList{"QuorvexA", "QuorvexB", "QuorvexC"};
-    setup.statements = &statements;
-    setup.stop = &stop;
-    setup.stopAfter = 600; // in the second database's run
+    ScriptedServer server;
+    server.answers.insert(kLocalListing, singleColumn("name", {"QuorvexA", "QuorvexB", "QuorvexC"}));
+    server.heard = [&] {
+        if (++statements == 1 + 600) // the listing's query, then into the second database's run
+            stop = true;
+    };
     const Invocation stopped = invoke({"run", "--all", "--mode", "LOCAL", "--server", "S", "--jobs", "1"},
-                                      companyServer(setup), &stop);
+                                      server.connections(), &stop);
     QCOMPARE(stopped.exit, 1);
     // The statement under way finishes; none follows it.
-    QCOMPARE(statements.load(), 600);
+    QCOMPARE(statements.load(), 601);
     const QStringList rows = tableWithoutSeconds(stopped.out);
     QVERIFY(rows[1].startsWith(QLatin1String("QuorvexA                       completed ")));
     QVERIFY(rows[2].startsWith(QLatin1String("QuorvexB                       interrupted ")));
     QVERIFY(rows[3].startsWith(QLatin1String("QuorvexC                       not done ")));
     QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexB, QuorvexC")));
+}
+
+void TestCommandLine::check_data()
+{
+    QTest::addColumn<bool>("opens");
+    QTest::addColumn<bool>("upToDate");
+    QTest::addColumn<int>("exit");
+    QTest::addColumn<QString>("last"); // line of the output, or of the errors
+
+    QTest::newRow("a database as a run leaves it") << true << true << 0 << "matches";
+    QTest::newRow("an empty database") << true << false << 1 << "88 differences";
+    QTest::newRow("a database that cannot be opened") << false << true << 1 << "zrt check: cannot open the database 'QuorvexA'";
+}
+
+void TestCommandLine::check()
+{
+    QFETCH(bool, opens);
+    QFETCH(bool, upToDate);
+    QFETCH(int, exit);
+    QFETCH(QString, last);
+
+    ScriptedServer server;
+    if (!opens)
+        server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexA;");
+    if (upToDate)
+        answerCatalogue(server, whatARunLeaves());
+    const Invocation check = invoke({"check", "--mode", "LOCAL", "--database", "QuorvexA"}, server.connections());
+    QCOMPARE(check.exit, exit);
+    QCOMPARE((check.out + check.err).trimmed().section('\n', -1), last);
+    // It only reads.
+    for (const QString &call : allCalls(server))
+        QVERIFY2(!call.startsWith("execute"), qPrintable(call));
 }
 
 QTEST_GUILESS_MAIN(TestCommandLine)

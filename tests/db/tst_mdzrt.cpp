@@ -67,16 +67,13 @@ void TestMdZrt::openConnection()
     QFETCH(bool, opened);
     QFETCH(bool, isOpen);
 
-    auto log = std::make_shared<ScriptedConnection::Log>();
-    mdZRT module([&] {
-        auto connection = std::make_unique<ScriptedConnection>(log);
-        if (!refusedOpen.isEmpty())
-            connection->refusedOpens.insert(refusedOpen);
-        return connection;
-    });
+    ScriptedServer scripted;
+    if (!refusedOpen.isEmpty())
+        scripted.refusedOpens << refusedOpen;
+    mdZRT module(scripted.connections());
     QVERIFY(!module.ConnectionOpened());
     module.OpenConnection(mode, server, database);
-    QCOMPARE(log->calls, calls);
+    QCOMPARE(scripted.calls(), calls);
     QCOMPARE(module.ConnectionOpened(), opened);
     QCOMPARE(module.SharedConnection().isOpen(), isOpen);
     QVERIFY(module.DataSource().isEmpty());
@@ -84,20 +81,16 @@ void TestMdZrt::openConnection()
 
 void TestMdZrt::openingAnOpenConnectionFails()
 {
-    auto log = std::make_shared<ScriptedConnection::Log>();
-    int created = 0;
-    mdZRT module([&] {
-        ++created;
-        return std::make_unique<ScriptedConnection>(log);
-    });
+    ScriptedServer scripted;
+    mdZRT module(scripted.connections());
     module.OpenConnection(QStringLiteral("OFFLINE"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexA"));
     QVERIFY(module.ConnectionOpened());
     module.OpenConnection(QStringLiteral("OFFLINE"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexB"));
     QVERIFY(!module.ConnectionOpened());
     QVERIFY(module.SharedConnection().isOpen());
-    QCOMPARE(created, 1);
-    QCOMPARE(log->calls.size(), 3);
-    QCOMPARE(log->calls.last(), kFallback);
+    QCOMPARE(scripted.logs().size(), 1);
+    QCOMPARE(scripted.calls().size(), 3);
+    QCOMPARE(scripted.calls().last(), kFallback);
 }
 
 QTEST_APPLESS_MAIN(TestMdZrt)

@@ -1,7 +1,6 @@
-#include "chartofaccounts_catalog.h"
 #include "maintenancerun.h"
 #include "mdzrt.h"
-#include "quietrunhost.h"
+#include "runplan.h"
 #include "scriptedconnection.h"
 
 #include <QTest>
@@ -15,38 +14,41 @@ const QString kEarlierInsert = QStringLiteral("Insert Into tblEarlier (Earlier) 
 const QString kFailingTest = QStringLiteral("Select Failing From tblFailing");
 const QString kGuardedInsert = QStringLiteral("Insert Into tblFailing (Failing) Values (1)");
 
+// A host that shows nothing and whose file dialog yields an empty file.
+class QuietHost : public HeadlessRunHost
+{
+public:
+    std::optional<DatabaseFile> chooseDatabaseFile() override { return DatabaseFile{}; }
+};
+
 // A scripted server behind the shared connection, and the window's result-set
 // variables, which outlive each run.
 class ScriptedRuns
 {
 public:
-    QSet<QString> failingStatements;
-    QHash<QString, ResultSet> answers;
+    ScriptedServer server;
     CheckRecordsets recordsets;
 
     void run(const Steps &steps)
     {
-        mdZRT module([this] {
-            auto connection = std::make_unique<ScriptedConnection>(m_log);
-            connection->failingStatements = failingStatements;
-            connection->answers = answers;
-            return connection;
-        });
-        QuietRunHost host;
-        MaintenanceRun run(module, host, recordsets);
-        run.run({QStringLiteral("OFFLINE"), QStringLiteral("ACCOUNTS"), QStringLiteral("Quorvex2024")}, steps);
+        mdZRT module(server.connections());
+        QuietHost host;
+        MaintenanceRun(module, host, recordsets)
+            .run({QStringLiteral("OFFLINE"), QStringLiteral("ACCOUNTS"), QStringLiteral("Quorvex2024")}, steps);
     }
 
-    bool sent(const QString &call) const { return m_log->calls.contains(call); }
-    const QStringList &calls() const { return m_log->calls; }
-
-private:
-    std::shared_ptr<ScriptedConnection::Log> m_log = std::make_shared<ScriptedConnection::Log>();
+    qsizetype sent(const QString &call) const
+    {
+        qsizetype times = 0;
+        for (const QStringList &log : server.logs())
+            times += log.count(call);
+        return times;
+    }
 };
 
 Step guardedInsert(const QString &select, Recordset into, const QString &insert)
 {
-    return Step::guard(select, into, {Step::execute(insert)});
+    return Step::guard(select, into, {Step::execute(Action::InsertBuiltInRow, insert)});
 }
 
 } // namespace
@@ -60,8 +62,8 @@ private slots:
     void failingTestLooksAtPreviousSet();
     void setsAcrossRuns_data();
     void setsAcrossRuns();
-    void failingPartyInsert_data();
-    void failingPartyInsert();
+    void guardsOfTheRun_data();
+    void guardsOfTheRun();
 };
 
 void tst_Guards::failingTestLooksAtPreviousSet_data()
@@ -89,14 +91,14 @@ void tst_Guards::failingTestLooksAtPreviousSet()
 
     ScriptedRuns runs;
     if (earlierFindsRow)
-        runs.answers.insert(kEarlierTest, singleColumn(QStringLiteral("Earlier"), {QStringLiteral("1")}));
-    runs.failingStatements << kFailingTest;
+        runs.server.answers.insert(kEarlierTest, singleColumn(QStringLiteral("Earlier"), {QStringLiteral("1")}));
+    runs.server.failingStatements << kFailingTest;
     runs.run({guardedInsert(kEarlierTest, earlierInto, kEarlierInsert),
               guardedInsert(kFailingTest, failingInto, kGuardedInsert)});
 
-    QVERIFY(runs.sent(QLatin1String("query ") + kFailingTest));
-    QCOMPARE(runs.sent(QLatin1String("execute ") + kEarlierInsert), !earlierFindsRow);
-    QCOMPARE(runs.sent(QLatin1String("execute ") + kGuardedInsert), insertRuns);
+    QCOMPARE(runs.sent(QLatin1String("query ") + kFailingTest), 1);
+    QCOMPARE(runs.sent(QLatin1String("execute ") + kEarlierInsert), earlierFindsRow ? 0 : 1);
+    QCOMPARE(runs.sent(QLatin1String("execute ") + kGuardedInsert), insertRuns ? 1 : 0);
 }
 
 void tst_Guards::setsAcrossRuns_data()
@@ -117,44 +119,75 @@ void tst_Guards::setsAcrossRuns()
     QFETCH(bool, insertRuns);
 
     ScriptedRuns runs;
-    runs.answers.insert(kEarlierTest, singleColumn(QStringLiteral("Earlier"), {QStringLiteral("1")}));
+    runs.server.answers.insert(kEarlierTest, singleColumn(QStringLiteral("Earlier"), {QStringLiteral("1")}));
     runs.run({guardedInsert(kEarlierTest, into, kEarlierInsert)});
-    runs.failingStatements << kFailingTest;
+    runs.server.failingStatements << kFailingTest;
     runs.run({guardedInsert(kFailingTest, into, kGuardedInsert)});
 
-    QVERIFY(!runs.sent(QLatin1String("execute ") + kEarlierInsert));
-    QCOMPARE(runs.sent(QLatin1String("execute ") + kGuardedInsert), insertRuns);
+    QCOMPARE(runs.sent(QLatin1String("execute ") + kEarlierInsert), 0);
+    QCOMPARE(runs.sent(QLatin1String("execute ") + kGuardedInsert), insertRuns ? 1 : 0);
 }
 
-void tst_Guards::failingPartyInsert_data()
+void tst_Guards::guardsOfTheRun_data()
 {
-    QTest::addColumn<QString>("partyInsert");
-    QTest::addColumn<QString>("balanceInsert");
+    QTest::addColumn<QStringList>("withRows"); // Selects that find rows
+    QTest::addColumn<QStringList>("failing");
+    QTest::addColumn<QStringList>("once");  // calls made exactly once
+    QTest::addColumn<QStringList>("never"); // calls not made
 
-    QTest::newRow("first account")
-        << "Insert Into tblPartyInfo (PartyName,PartyCode) Values ('CAPITAL','10-10-000')"
-        << "Insert Into tblPartyBalance (VoucherType,VDate,PartyName,PartyCode,PartyDesc) Values('JV','1/1/2000','CAPITAL','10-10-000','OPENING BALANCE')";
-    QTest::newRow("account booked on another code")
-        << "Insert Into tblPartyInfo (PartyName,PartyCode) Values ('SYSTEM SALE AND PURCHASE ACCOUNTS','20-10-000')"
-        << "Insert Into tblPartyBalance (VoucherType,VDate,PartyName,PartyCode,PartyDesc) Values('JV','1/1/2000','SYSTEM SALE AND PURCHASE ACCOUNTS','20-10-001','OPENING BALANCE')";
-    QTest::newRow("last account")
-        << "Insert Into tblPartyInfo (PartyName,PartyCode) Values ('STAFF SALARIES','21-10-008')"
-        << "Insert Into tblPartyBalance (VoucherType,VDate,PartyName,PartyCode,PartyDesc) Values('JV','1/1/2000','STAFF SALARIES','21-10-008','OPENING BALANCE')";
+    const QString closingDate = QStringLiteral("Insert Into tblClosingDate (ClosingDate) Values ('1/1/2000')");
+    const QString administrator = QStringLiteral("Select UserName From tblLogon Where UserName='ADMINISTRATOR'");
+    const QString administratorInsert = QStringLiteral("Insert Into tblLogon (UserName,Password,UserType) Values ('ADMINISTRATOR','TULIPOAK','ADMINISTRATOR')");
+    const QString capitalByName = QStringLiteral("Select PartyName From tblPartyInfo Where PartyName='CAPITAL'");
+    const QString capitalByCode = QStringLiteral("Select PartyCode From tblPartyInfo Where PartyCode='10-10-000'");
+    const QString capitalInsert = QStringLiteral("Insert Into tblPartyInfo (PartyName,PartyCode) Values ('CAPITAL','10-10-000')");
+    const QString capitalBalance = QStringLiteral("Insert Into tblPartyBalance (VoucherType,VDate,PartyName,PartyCode,PartyDesc) Values('JV','1/1/2000','CAPITAL','10-10-000','OPENING BALANCE')");
+    const QString saleInsert = QStringLiteral("Insert Into tblPartyInfo (PartyName,PartyCode) Values ('SYSTEM SALE AND PURCHASE ACCOUNTS','20-10-000')");
+    const QString saleBalance = QStringLiteral("Insert Into tblPartyBalance (VoucherType,VDate,PartyName,PartyCode,PartyDesc) Values('JV','1/1/2000','SYSTEM SALE AND PURCHASE ACCOUNTS','20-10-001','OPENING BALANCE')");
+    const QString execute = QStringLiteral("execute ");
+    const QString query = QStringLiteral("query ");
+
+    QTest::newRow("a closing date that was set is kept")
+        << QStringList{"Select ClosingDate From tblClosingDate"} << QStringList{}
+        << QStringList{execute + administratorInsert} << QStringList{execute + closingDate};
+    QTest::newRow("an administrator is kept with the password he has")
+        << QStringList{administrator} << QStringList{} << QStringList{execute + closingDate}
+        << QStringList{execute + administratorInsert};
+    QTest::newRow("a configuration of two rows gets no third; both are stamped once")
+        << QStringList{"Select * From tblConfig"} << QStringList{}
+        << QStringList{execute + "Update tblConfig Set UpdateStatus='20210105'"}
+        << QStringList{execute + "Insert Into tblConfig (ValueInPoints,DecimalPointsYes,DecimalPointsNo,UpdateStatus) Values ('NO',0,2,0)"};
+    QTest::newRow("an account found by name is not tested by code")
+        << QStringList{capitalByName} << QStringList{} << QStringList{query + capitalByName}
+        << QStringList{query + capitalByCode, execute + capitalInsert, execute + capitalBalance};
+    QTest::newRow("an account found by code is not inserted")
+        << QStringList{capitalByCode} << QStringList{} << QStringList{query + capitalByName, query + capitalByCode}
+        << QStringList{execute + capitalInsert, execute + capitalBalance};
+    QTest::newRow("a failing name test reads the administrator's row that the variable still holds")
+        << QStringList{administrator} << QStringList{capitalByName} << QStringList{query + capitalByName}
+        << QStringList{query + capitalByCode, execute + capitalInsert};
+    QTest::newRow("a failing party insert is still followed by its opening row")
+        << QStringList{} << QStringList{capitalInsert, saleInsert}
+        << QStringList{execute + capitalInsert, execute + capitalBalance, execute + saleInsert, execute + saleBalance}
+        << QStringList{};
 }
 
-void tst_Guards::failingPartyInsert()
+void tst_Guards::guardsOfTheRun()
 {
-    QFETCH(QString, partyInsert);
-    QFETCH(QString, balanceInsert);
+    QFETCH(QStringList, withRows);
+    QFETCH(QStringList, failing);
+    QFETCH(QStringList, once);
+    QFETCH(QStringList, never);
 
     ScriptedRuns runs;
-    runs.failingStatements << partyInsert;
-    runs.run(chartOfAccountsSteps());
-
-    const qsizetype party = runs.calls().indexOf(QLatin1String("execute ") + partyInsert);
-    QVERIFY(party >= 0);
-    QCOMPARE(runs.calls().value(party + 1), QLatin1String("execute ") + balanceInsert);
-    QCOMPARE(runs.calls().count(QLatin1String("execute ") + balanceInsert), 1);
+    for (const QString &select : withRows)
+        runs.server.answers.insert(select, singleColumn(QStringLiteral("Found"), {QStringLiteral("1"), QStringLiteral("2")}));
+    runs.server.failingStatements = QSet<QString>(failing.begin(), failing.end());
+    runs.run(maintenanceSteps());
+    for (const QString &call : once)
+        QVERIFY2(runs.sent(call) == 1, qPrintable(call));
+    for (const QString &call : never)
+        QVERIFY2(runs.sent(call) == 0, qPrintable(call));
 }
 
 QTEST_APPLESS_MAIN(tst_Guards)

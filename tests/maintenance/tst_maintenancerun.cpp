@@ -44,23 +44,28 @@ public:
 
 struct Run
 {
-    std::shared_ptr<ScriptedConnection::Log> log = std::make_shared<ScriptedConnection::Log>();
-    QSet<QString> refusedOpens;
-    QSet<QString> failingStatements;
-    mdZRT module{[this] {
-        auto connection = std::make_unique<ScriptedConnection>(log);
-        connection->refusedOpens = refusedOpens;
-        connection->failingStatements = failingStatements;
-        return connection;
-    }};
+    ScriptedServer server;
+    mdZRT module{server.connections()};
     RecordingHost host;
     CheckRecordsets recordsets;
 
-    void operator()(const QString &database, const Steps &steps)
+    RunEnd operator()(const QString &database, const Steps &steps)
     {
-        MaintenanceRun(module, host, recordsets).run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), database}, steps);
+        return MaintenanceRun(module, host, recordsets)
+            .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), database}, steps);
+    }
+    // What was sent after the first open, without the call's kind.
+    QStringList sent() const
+    {
+        QStringList texts;
+        for (const QString &call : server.calls().mid(1))
+            texts << call.section(QLatin1Char(' '), 1);
+        return texts;
     }
 };
+
+const QString kLocalPrefix = QStringLiteral("open Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;Initial Catalog=");
+const QString kFallback = QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=tempdb");
 
 } // namespace
 
@@ -70,112 +75,99 @@ class TestMaintenanceRun : public QObject
 
 private slots:
     void hostSeesTheRunInOrder();
-    void progressPassesItsFixedValues();
-    void sixRebuiltTablesAreDroppedFirst();
     void newDatabaseReceivesTheCompleteScript();
     void failuresAreSkipped();
-    void outcomesCarryTheirPhase();
-    void hostMayStopARunWhoseDatabaseCannotBeOpened();
+    void databaseThatCannotBeOpened_data();
+    void databaseThatCannotBeOpened();
     void hostMayStopBetweenStatements();
 };
 
 void TestMaintenanceRun::hostSeesTheRunInOrder()
 {
     Run run;
-    run(QStringLiteral("QuorvexA"), {Step::execute(QStringLiteral("drop table [dbo].[tblX]")), Step::progressMark(200)});
+    run(QStringLiteral("QuorvexA"), {Step::execute(Action::DropTable, QStringLiteral("drop table [dbo].[tblX]")),
+                                     Step::progressMark(200)});
     QCOMPARE(run.host.calls, (QStringList{"caption 0%", "show", "maximum 1000", "front", "progress 100", "yield",
                                           "progress 200", "caption 100%", "progress 1000", "hide process",
                                           "caption MANAGING DATABASE PROCESS HAS COMPLETED.", "show end"}));
-    QCOMPARE(run.log->calls,
-             (QStringList{"open Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;"
-                          "Initial Catalog=QuorvexA;Data Source=",
-                          "execute drop table [dbo].[tblX]"}));
+    QCOMPARE(run.server.calls(),
+             (QStringList{kLocalPrefix + "QuorvexA;Data Source=", "execute drop table [dbo].[tblX]"}));
     // The run leaves the shared connection open on the database.
     QVERIFY(run.module.SharedConnection().isOpen());
-}
-
-void TestMaintenanceRun::progressPassesItsFixedValues()
-{
-    Run run;
-    run(QStringLiteral("QuorvexA"), maintenanceSteps());
-    QCOMPARE(run.host.progress, (QList<int>{100, 100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
-}
-
-void TestMaintenanceRun::sixRebuiltTablesAreDroppedFirst()
-{
-    Run run;
-    run(QStringLiteral("QuorvexA"), maintenanceSteps());
-    QCOMPARE(run.log->calls.mid(1, 6),
-             (QStringList{"execute drop table [dbo].[tblMonthlyComparisonReportEmpty]",
-                          "execute drop table [dbo].[tblPartyBalanceEmpty]", "execute drop table [dbo].[tblKWClientInfo]",
-                          "execute drop table [dbo].[tblDailyComparisonReportEmpty]",
-                          "execute drop table [dbo].[tblInvoiceEmpty]", "execute drop table [dbo].[tblStockEmpty]"}));
 }
 
 void TestMaintenanceRun::newDatabaseReceivesTheCompleteScript()
 {
     // Every guard finds nothing on a new database, so every insert follows it.
     Run run;
-    run(QStringLiteral("QuorvexA"), maintenanceSteps());
-    QStringList sent;
-    for (const QString &call : run.log->calls.mid(1))
-        sent << call.section(QLatin1Char(' '), 1);
+    QCOMPARE(run(QStringLiteral("QuorvexA"), maintenanceSteps()), RunEnd::Completed);
     const QStringList expected = wholeRunFixtureStatements();
+    const QStringList sent = run.sent();
     QCOMPARE(sent.size(), expected.size());
     for (qsizetype i = 0; i < expected.size(); ++i)
         QCOMPARE(sent[i], expected[i]);
+    QCOMPARE(run.host.progress, (QList<int>{100, 100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
 }
 
 void TestMaintenanceRun::failuresAreSkipped()
 {
     Run run;
-    run.failingStatements = {QStringLiteral("A"), QStringLiteral("C")};
-    run(QStringLiteral("QuorvexA"), {Step::execute("A"), Step::execute("B"), Step::execute("C"), Step::execute("D")});
-    QCOMPARE(run.log->calls.mid(1), (QStringList{"execute A", "execute B", "execute C", "execute D"}));
+    run.server.failingStatements = {QStringLiteral("A"), QStringLiteral("C")};
+    run(QStringLiteral("QuorvexA"), {Step::execute(Action::AddColumn, "A"), Step::execute(Action::AddColumn, "B"),
+                                     Step::execute(Action::AddColumn, "C"), Step::execute(Action::AddColumn, "D")});
+    QCOMPARE(run.sent(), (QStringList{"A", "B", "C", "D"}));
     QCOMPARE(run.host.statements.size(), 4);
     QVERIFY(!run.host.statements[0].status.ok);
     QVERIFY(run.host.statements[1].status.ok);
     QCOMPARE(run.host.calls.last(), QStringLiteral("show end"));
 }
 
-void TestMaintenanceRun::outcomesCarryTheirPhase()
+void TestMaintenanceRun::databaseThatCannotBeOpened_data()
 {
-    Run run;
-    run(QStringLiteral("QuorvexA"),
-        {Step::execute("A"), Step::phase("tables"), Step::guard("Select B", Recordset::Check, {Step::execute("C")}),
-         Step::progressMark(200), Step::phase("views"), Step::execute("D")});
-    QCOMPARE(run.host.statements.size(), 4);
-    QCOMPARE(run.host.statements[0].phase, QString());
-    QCOMPARE(run.host.statements[1].phase, QStringLiteral("tables"));
-    QVERIFY(run.host.statements[1].isQuery);
-    QCOMPARE(run.host.statements[2].phase, QStringLiteral("tables"));
-    QCOMPARE(run.host.statements[3].phase, QStringLiteral("views"));
+    QTest::addColumn<bool>("hostGivesAFile");
+    QTest::addColumn<QString>("fullName");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QStringList>("calls"); // after the first open and its fallback
+
+    const QString reopen = kLocalPrefix + "QuorvexNone;Data Source=";
+    QTest::newRow("created under the file's title, then opened by the typed name again")
+        << true << "D:\\Data\\Books2024.mdf" << "Books2024.mdf"
+        << QStringList{"execute CREATE DATABASE [Books2024.mdf]  ON (NAME = N'Quorvex KRN', FILENAME = N'D:\\Data\\Books2024.mdf.mdf') LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'D:\\Data\\Books2024.mdf_Log.ldf')",
+                       "close", reopen, kFallback, "execute A"};
+    QTest::newRow("a cancelled dialog still sends its statement")
+        << true << "" << ""
+        << QStringList{"execute CREATE DATABASE []  ON (NAME = N'Quorvex KRN', FILENAME = N'.mdf') LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'_Log.ldf')",
+                       "close", reopen, kFallback, "execute A"};
+    QTest::newRow("a host without a file stops before any statement") << false << "" << "" << QStringList{};
 }
 
-void TestMaintenanceRun::hostMayStopARunWhoseDatabaseCannotBeOpened()
+void TestMaintenanceRun::databaseThatCannotBeOpened()
 {
+    QFETCH(bool, hostGivesAFile);
+    QFETCH(QString, fullName);
+    QFETCH(QString, title);
+    QFETCH(QStringList, calls);
+
     Run run;
-    run.refusedOpens = {QStringLiteral("Initial Catalog=")};
-    run.host.stopWhenAskedForAFile = true;
-    QCOMPARE(MaintenanceRun(run.module, run.host, run.recordsets)
-                 .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexNone")},
-                      {Step::execute("A")}),
-             RunEnd::NotOpened);
-    QCOMPARE(run.log->calls.size(), 2); // the open and its fallback, no statement
-    QVERIFY(run.host.statements.isEmpty());
-    QVERIFY(!run.host.calls.contains(QStringLiteral("show end")));
+    run.server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexNone");
+    run.host.stopWhenAskedForAFile = !hostGivesAFile;
+    run.host.file = {fullName, title};
+    const RunEnd end = run(QStringLiteral("QuorvexNone"), {Step::execute(Action::AddColumn, "A")});
+    QCOMPARE(end, hostGivesAFile ? RunEnd::Completed : RunEnd::NotOpened);
+    QCOMPARE(run.server.calls().mid(0, 2), (QStringList{kLocalPrefix + "QuorvexNone;Data Source=", kFallback}));
+    QCOMPARE(run.server.calls().mid(2), calls);
+    QCOMPARE(run.host.calls.contains(QStringLiteral("show end")), hostGivesAFile);
 }
 
 void TestMaintenanceRun::hostMayStopBetweenStatements()
 {
     Run run;
     run.host.stopAfterStatements = 2;
-    const Steps steps{Step::execute("A"), Step::guard("Select B", Recordset::Check, {Step::execute("C")}),
-                      Step::execute("D")};
-    QCOMPARE(MaintenanceRun(run.module, run.host, run.recordsets)
-                 .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), QStringLiteral("QuorvexA")}, steps),
-             RunEnd::Stopped);
-    QCOMPARE(run.log->calls.mid(1), (QStringList{"execute A", "query Select B"}));
+    const Steps steps{Step::execute(Action::AddColumn, "A"),
+                      Step::guard("Select B", Recordset::Check, {Step::execute(Action::InsertBuiltInRow, "C")}),
+                      Step::execute(Action::AddColumn, "D")};
+    QCOMPARE(run(QStringLiteral("QuorvexA"), steps), RunEnd::Stopped);
+    QCOMPARE(run.sent(), (QStringList{"A", "Select B"}));
     QVERIFY(!run.host.calls.contains(QStringLiteral("show end")));
 }
 

@@ -1,53 +1,82 @@
 #include "scriptedconnection.h"
 
-ScriptedConnection::ScriptedConnection(std::shared_ptr<Log> log)
-    : m_log(std::move(log))
-{
-}
+#include <QMutexLocker>
 
-DbStatus ScriptedConnection::open(const QString &connectionString)
+class ScriptedConnection : public Connection
 {
-    m_log->calls << QLatin1String("open ") + connectionString;
-    if (m_open)
-        return DbStatus::failure(QStringLiteral("already open"));
-    if (refuseEveryOpen)
-        return DbStatus::failure(QStringLiteral("refused"), 18456);
-    for (const QString &refused : refusedOpens) {
-        if (connectionString.contains(refused))
-            return DbStatus::failure(QStringLiteral("refused"), 4060);
+public:
+    ScriptedConnection(const ScriptedServer &server, QStringList &log)
+        : m_server(server)
+        , m_log(log)
+    {
     }
-    m_open = true;
-    return DbStatus::success();
+
+    DbStatus open(const QString &connectionString) override
+    {
+        record(QLatin1String("open ") + connectionString);
+        if (m_open)
+            return DbStatus::failure(QStringLiteral("already open"));
+        for (const QString &refused : m_server.refusedOpens) {
+            if (connectionString.contains(refused))
+                return DbStatus::failure(QStringLiteral("refused"), 4060);
+        }
+        m_open = true;
+        return DbStatus::success();
+    }
+    DbStatus execute(const QString &sql) override { return answer(QLatin1String("execute ") + sql, sql); }
+    DbStatus query(const QString &sql, ResultSet &into) override
+    {
+        const DbStatus status = answer(QLatin1String("query ") + sql, sql);
+        if (status.ok)
+            into = m_server.answers.value(sql, ResultSet(QStringList(), {}));
+        return status;
+    }
+    DbStatus close() override
+    {
+        record(QStringLiteral("close"));
+        if (!m_open)
+            return DbStatus::failure(QStringLiteral("not open"));
+        m_open = false;
+        return DbStatus::success();
+    }
+    bool isOpen() const override { return m_open; }
+
+private:
+    void record(const QString &call)
+    {
+        QMutexLocker lock(&m_server.m_mutex);
+        m_log << call;
+    }
+    DbStatus answer(const QString &call, const QString &sql)
+    {
+        record(call);
+        if (m_server.heard)
+            m_server.heard();
+        if (!m_open)
+            return DbStatus::failure(QStringLiteral("not open"));
+        if (m_server.failingStatements.contains(sql))
+            return DbStatus::failure(QStringLiteral("scripted failure"), 50000);
+        return DbStatus::success();
+    }
+
+    const ScriptedServer &m_server;
+    QStringList &m_log;
+    bool m_open = false;
+};
+
+ConnectionFactory ScriptedServer::connections()
+{
+    return [this] {
+        QMutexLocker lock(&m_mutex);
+        m_logs.emplace_back();
+        return std::make_unique<ScriptedConnection>(*this, m_logs.back());
+    };
 }
 
-DbStatus ScriptedConnection::execute(const QString &sql)
+QList<QStringList> ScriptedServer::logs() const
 {
-    m_log->calls << QLatin1String("execute ") + sql;
-    if (!m_open)
-        return DbStatus::failure(QStringLiteral("not open"));
-    if (failingStatements.contains(sql))
-        return DbStatus::failure(QStringLiteral("scripted failure"), 50000);
-    return DbStatus::success();
-}
-
-DbStatus ScriptedConnection::query(const QString &sql, ResultSet &into)
-{
-    m_log->calls << QLatin1String("query ") + sql;
-    if (!m_open)
-        return DbStatus::failure(QStringLiteral("not open"));
-    if (failingStatements.contains(sql))
-        return DbStatus::failure(QStringLiteral("scripted failure"), 50000);
-    into = answers.value(sql, ResultSet(QStringList(), {}));
-    return DbStatus::success();
-}
-
-DbStatus ScriptedConnection::close()
-{
-    m_log->calls << QStringLiteral("close");
-    if (!m_open)
-        return DbStatus::failure(QStringLiteral("not open"));
-    m_open = false;
-    return DbStatus::success();
+    QMutexLocker lock(&m_mutex);
+    return QList<QStringList>(m_logs.begin(), m_logs.end());
 }
 
 ResultSet singleColumn(const QString &column, const QStringList &values)

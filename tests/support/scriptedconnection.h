@@ -3,42 +3,35 @@
 #include "connection.h"
 
 #include <QHash>
+#include <QMutex>
 #include <QSet>
 #include <QStringList>
 
-#include <memory>
+#include <functional>
+#include <list>
 
-// A connection whose server is a script: it records every call and answers
-// opens, statements and queries as the test set them up.
-class ScriptedConnection : public Connection
+// A server whose answers a test sets: it refuses some opens, fails some
+// statements and answers some queries with rows; every other query finds no
+// row. Each connection it hands out keeps a log of its own calls: "open
+// <string>", "execute <sql>", "query <sql>", "close".
+class ScriptedServer
 {
 public:
-    struct Log
-    {
-        QStringList calls; // "open <string>", "execute <sql>", "query <sql>", "close"
-    };
+    QStringList refusedOpens;         // opens of strings containing one of these fail
+    QSet<QString> failingStatements;  // statements and queries with these texts fail
+    QHash<QString, ResultSet> answers; // query text -> its rows
+    std::function<void()> heard;      // called at each statement and query, on the caller's thread
 
-    explicit ScriptedConnection(std::shared_ptr<Log> log = std::make_shared<Log>());
-
-    // Opens of strings containing one of these fail.
-    QSet<QString> refusedOpens;
-    bool refuseEveryOpen = false;
-    // Statements and queries with these exact texts fail.
-    QSet<QString> failingStatements;
-    // Queries answered with rows; any other query succeeds with no row.
-    QHash<QString, ResultSet> answers;
-
-    DbStatus open(const QString &connectionString) override;
-    DbStatus execute(const QString &sql) override;
-    DbStatus query(const QString &sql, ResultSet &into) override;
-    DbStatus close() override;
-    bool isOpen() const override { return m_open; }
-
-    const std::shared_ptr<Log> &log() const { return m_log; }
+    ConnectionFactory connections();
+    // The logs of the connections in the order they were made.
+    QList<QStringList> logs() const;
+    // The first connection's log, for tests that make one.
+    QStringList calls() const { return logs().value(0); }
 
 private:
-    std::shared_ptr<Log> m_log;
-    bool m_open = false;
+    mutable QMutex m_mutex;
+    std::list<QStringList> m_logs; // stable addresses while connections write
+    friend class ScriptedConnection;
 };
 
 // A result set with one column and the given rows.

@@ -1,4 +1,3 @@
-#include "catalogserver.h"
 #include "dialogs.h"
 #include "frmzrt.h"
 #include "mdzrt.h"
@@ -32,22 +31,19 @@ public:
     }
 };
 
-// One window with a scripted shared connection and a catalogue server for the listing.
+const QString kOfflineListing = QStringLiteral("Select name From sysdatabases Where name like 'Quorvex%' Order By name");
+
+// One window with a scripted server behind the shared connection and another for the listing.
 struct Fixture
 {
-    std::shared_ptr<ScriptedConnection::Log> log = std::make_shared<ScriptedConnection::Log>();
-    QStringList refusedOpens;
-    int sharedConnectionsMade = 0;
-    std::shared_ptr<CatalogServer::State> server = std::make_shared<CatalogServer::State>();
+    ScriptedServer shared;
+    ScriptedServer listing;
     AnsweringDialogs dialogs;
-    mdZRT module{[this] {
-        ++sharedConnectionsMade;
-        auto connection = std::make_unique<ScriptedConnection>(log);
-        for (const QString &refused : refusedOpens)
-            connection->refusedOpens.insert(refused);
-        return connection;
-    }};
-    frmZRT window{module, [state = server] { return std::make_unique<CatalogServer>(state); }, dialogs};
+    mdZRT module{shared.connections()};
+    frmZRT window{module, listing.connections(), dialogs};
+
+    void list(const QStringList &names) { listing.answers.insert(kOfflineListing, singleColumn("name", names)); }
+    qsizetype listings() const { return listing.logs().size(); }
 
     template<typename T> T *child(const char *name) { return window.findChild<T *>(QString::fromLatin1(name)); }
     QComboBox *combo(const char *name) { return child<QComboBox>(name); }
@@ -117,8 +113,8 @@ void TestFrmZrt::startUpState()
     QVERIFY(f.widget("cmdProcess")->isVisible());
     QVERIFY(!f.widget("cmdEnd")->isVisible());
     QVERIFY(f.child<QProgressBar>("ProgressBar1")->isVisible());
-    QCOMPARE(f.sharedConnectionsMade, 0);
-    QVERIFY(f.server->opened.isEmpty());
+    QCOMPARE(f.shared.logs().size(), 0);
+    QCOMPARE(f.listings(), 0);
 
     // The three lists stand side by side in one row, the database list the widest.
     const QRect type = f.combo("cmbType")->geometry();
@@ -133,7 +129,7 @@ void TestFrmZrt::startUpState()
 void TestFrmZrt::focusColoursAndEnterAsTab()
 {
     Fixture f;
-    f.server->databases = QStringList{QStringLiteral("QuorvexA")};
+    f.list({"QuorvexA"});
     QVERIFY(f.show());
     QComboBox *type = f.combo("cmbType");
     QComboBox *server = f.combo("cmbServer");
@@ -147,7 +143,7 @@ void TestFrmZrt::focusColoursAndEnterAsTab()
     QCOMPARE(QApplication::focusWidget(), server);
     QVERIFY(unhighlighted(type));
     QVERIFY(highlighted(server));
-    QVERIFY(f.server->opened.isEmpty());
+    QCOMPARE(f.listings(), 0);
 
     f.pressEnter(server);
     QCOMPARE(QApplication::focusWidget(), database);
@@ -155,7 +151,7 @@ void TestFrmZrt::focusColoursAndEnterAsTab()
     QVERIFY(highlighted(database));
     QCOMPARE(f.items("cmbDataBase"), QStringList{"QuorvexA"});
     // The listing has a connection of its own: the shared one is untouched.
-    QCOMPARE(f.sharedConnectionsMade, 0);
+    QCOMPARE(f.shared.logs().size(), 0);
     QVERIFY(!f.module.ConnectionOpened());
     QVERIFY(f.dialogs.messages.isEmpty());
 }
@@ -163,7 +159,7 @@ void TestFrmZrt::focusColoursAndEnterAsTab()
 void TestFrmZrt::leavingTheServerListListsAfresh()
 {
     Fixture f;
-    f.server->databases = QStringList{QStringLiteral("QuorvexB"), QStringLiteral("QuorvexA"), QStringLiteral("Sales")};
+    f.list({"QuorvexA", "QuorvexB"});
     QVERIFY(f.show());
     f.combo("cmbServer")->setFocus();
     f.pressEnter(f.combo("cmbServer"));
@@ -173,21 +169,21 @@ void TestFrmZrt::leavingTheServerListListsAfresh()
     f.combo("cmbServer")->setFocus();
     f.pressEnter(f.combo("cmbServer"));
     QCOMPARE(f.items("cmbDataBase"), (QStringList{"QuorvexA", "QuorvexB"}));
-    QCOMPARE(f.server->queries.size(), 2);
+    QCOMPARE(f.listings(), 2);
 
     // Changing the mode alone keeps the earlier mode's list.
     f.combo("cmbType")->setFocus();
     f.combo("cmbType")->setEditText(QStringLiteral("LOCAL"));
     f.pressEnter(f.combo("cmbType"));
     QCOMPARE(f.items("cmbDataBase"), (QStringList{"QuorvexA", "QuorvexB"}));
-    QCOMPARE(f.server->queries.size(), 2);
+    QCOMPARE(f.listings(), 2);
     QVERIFY(f.dialogs.messages.isEmpty());
 }
 
 void TestFrmZrt::unreachableServerThenProcess()
 {
     Fixture f;
-    f.server->refuseLogin = true;
+    f.listing.refusedOpens << QStringLiteral("master");
     QVERIFY(f.show());
     f.combo("cmbServer")->setFocus();
     f.pressEnter(f.combo("cmbServer"));
@@ -197,7 +193,7 @@ void TestFrmZrt::unreachableServerThenProcess()
     QTest::mouseClick(f.widget("cmdProcess"), Qt::LeftButton);
     QCOMPARE(f.dialogs.messages, (QStringList{kConnectionNotEstablished, kDatabaseNotFound}));
     QCOMPARE(QApplication::focusWidget(), f.combo("cmbDataBase"));
-    QCOMPARE(f.sharedConnectionsMade, 0);
+    QCOMPARE(f.shared.logs().size(), 0);
 }
 
 void TestFrmZrt::keyOnProcessButtonRuns_data()
@@ -239,7 +235,7 @@ void TestFrmZrt::keyOnProcessButtonRuns()
     // valueChanged is silent when a value is set again, so 100 shows once.
     QCOMPARE(seen, (QList<int>{100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
     QVERIFY(f.module.ConnectionOpened());
-    QCOMPARE(f.log->calls.first(),
+    QCOMPARE(f.shared.calls().first(),
              QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;"
                             "Initial Catalog=QuorvexA;Data Source="));
     QVERIFY(f.dialogs.messages.isEmpty());
@@ -261,7 +257,7 @@ void TestFrmZrt::emptyDatabaseNameIsRefused()
     QCOMPARE(bar->value(), value);
     QCOMPARE(bar->maximum(), maximum);
     QVERIFY(f.widget("cmdProcess")->isVisible());
-    QCOMPARE(f.sharedConnectionsMade, 0);
+    QCOMPARE(f.shared.logs().size(), 0);
 }
 
 void TestFrmZrt::missingDatabaseIsCreated_data()
@@ -283,7 +279,7 @@ void TestFrmZrt::missingDatabaseIsCreated()
     QFETCH(QString, title);
     QFETCH(QString, statement);
     Fixture f;
-    f.refusedOpens << QStringLiteral("Initial Catalog=QuorvexNew;");
+    f.shared.refusedOpens << QStringLiteral("Initial Catalog=QuorvexNew;");
     f.dialogs.file = {fullName, title};
     QVERIFY(f.show());
     f.combo("cmbDataBase")->setEditText(QStringLiteral("QuorvexNew"));
@@ -294,7 +290,7 @@ void TestFrmZrt::missingDatabaseIsCreated()
     const QString fallback = QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;"
                                             "Initial Catalog=tempdb");
     QCOMPARE(f.dialogs.fileDialogs, 1);
-    QCOMPARE(f.log->calls.mid(0, 6),
+    QCOMPARE(f.shared.calls().mid(0, 6),
              (QStringList{runString, fallback, "execute " + statement, "close", runString, fallback}));
     QVERIFY(!f.module.ConnectionOpened());
     // The run goes on, on the fallback connection, to its end.
