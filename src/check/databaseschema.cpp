@@ -83,7 +83,7 @@ DbStatus readDatabaseSchema(Connection &connection, DatabaseSchema &into)
 
 DatabaseSchema whatARunLeaves()
 {
-    DatabaseSchema schema{tablePhaseSchema().tables, {}};
+    DatabaseSchema schema{tablePhaseSchema(), {}};
     for (const ReportView &view : reportViewsInCreateOrder())
         schema.views << QString::fromUtf8(view.name.data(), qsizetype(view.name.size()));
     return schema;

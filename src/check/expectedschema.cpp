@@ -18,7 +18,6 @@ const QRegularExpression kAddColumns(QStringLiteral(R"(^\s*ALTER\s+TABLE\s+\[dbo
                                      kOptions);
 const QRegularExpression kAlterColumn(
     QStringLiteral(R"(^\s*ALTER\s+TABLE\s+\[dbo\]\.\[([^\]]+)\]\s+ALTER\s+COLUMN\s+(.*)$)"), kOptions);
-const QRegularExpression kChangesTable(QStringLiteral(R"(^\s*(CREATE|ALTER)\s+TABLE\b)"), kOptions);
 // [name] [type] and an optional (width); defaults, NULL and IDENTITY after it shape nothing here.
 const QRegularExpression kColumn(QStringLiteral(R"(^\s*\[([^\]]+)\]\s*\[([^\]]+)\](?:\s*\((\d+)\))?)"), kOptions);
 
@@ -84,21 +83,21 @@ bool hasRepeatedName(const QList<SchemaColumn> &columns)
     return false;
 }
 
-// False when the statement is of a form not read here.
-bool apply(const QString &statement, QList<SchemaTable> &tables)
+// Statements of a form not read here change nothing.
+void apply(const QString &statement, QList<SchemaTable> &tables)
 {
     if (const QRegularExpressionMatch create = kCreateTable.match(statement); create.hasMatch()) {
         const std::optional<QList<SchemaColumn>> columns = readColumns(create.captured(2));
         if (!columns)
-            return false;
+            return;
         if (!findTable(tables, create.captured(1)) && !hasRepeatedName(*columns))
             tables << SchemaTable{create.captured(1), *columns};
-        return true;
+        return;
     }
     if (const QRegularExpressionMatch add = kAddColumns.match(statement); add.hasMatch()) {
         const std::optional<QList<SchemaColumn>> columns = readColumns(add.captured(2));
         if (!columns)
-            return false;
+            return;
         SchemaTable *table = findTable(tables, add.captured(1));
         // One statement adds all its columns or none.
         const bool addable = table && !hasRepeatedName(*columns)
@@ -106,35 +105,32 @@ bool apply(const QString &statement, QList<SchemaTable> &tables)
                             [&](const SchemaColumn &column) { return findColumn(*table, column.name); });
         if (addable)
             table->columns << *columns;
-        return true;
+        return;
     }
     if (const QRegularExpressionMatch alter = kAlterColumn.match(statement); alter.hasMatch()) {
         const std::optional<QList<SchemaColumn>> columns = readColumns(alter.captured(2));
         if (!columns || columns->size() != 1)
-            return false;
+            return;
         SchemaTable *table = findTable(tables, alter.captured(1));
         if (SchemaColumn *column = table ? findColumn(*table, columns->first().name) : nullptr) {
             column->type = columns->first().type;
             column->length = columns->first().length;
         }
-        return true;
+        return;
     }
-    return !kChangesTable.match(statement).hasMatch();
 }
 
 } // namespace
 
-ExpectedSchema schemaAfter(const QStringList &statements)
+QList<SchemaTable> schemaAfter(const QStringList &statements)
 {
-    ExpectedSchema schema;
-    for (const QString &statement : statements) {
-        if (!apply(statement, schema.tables))
-            schema.unread << statement;
-    }
-    return schema;
+    QList<SchemaTable> tables;
+    for (const QString &statement : statements)
+        apply(statement, tables);
+    return tables;
 }
 
-ExpectedSchema tablePhaseSchema()
+QList<SchemaTable> tablePhaseSchema()
 {
     return schemaAfter(statementsForEmptyDatabase(tablePhaseSteps()));
 }

@@ -23,13 +23,6 @@ struct SchemaTable
     QList<SchemaColumn> columns; // in table order
 };
 
-struct ExpectedSchema
-{
-    QList<SchemaTable> tables; // in order of creation
-    // CREATE TABLE and ALTER TABLE texts of a form the reader does not know.
-    QStringList unread;
-};
-
 // The tables and columns that `statements` leave when sent in order to an
 // empty database, each failing where the server would: a table created twice
 // keeps its first form, a column added twice its first type, and a change to
@@ -37,7 +30,7 @@ struct ExpectedSchema
 // sends are read: CREATE TABLE [dbo].[T] (...), ALTER TABLE [dbo].[T] ADD ...
 // and ALTER TABLE [dbo].[T] ALTER COLUMN ...; the Selects, Inserts and
 // Updates between them shape no table and are passed over.
-ExpectedSchema schemaAfter(const QStringList &statements);
+QList<SchemaTable> schemaAfter(const QStringList &statements);
 
 // What the table phase leaves: every table and column at its final type and width.
-ExpectedSchema tablePhaseSchema();
+QList<SchemaTable> tablePhaseSchema();

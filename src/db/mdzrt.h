@@ -17,8 +17,6 @@ public:
     // Created empty on first use, then kept for the life of the module.
     Connection &SharedConnection();
     bool ConnectionOpened() const { return m_connectionOpened; }
-    // Put behind ";Data Source=" in the run's string.
-    const QString &DataSource() const { return m_dataSource; }
 
     void OpenConnection(const QString &mode, const QString &server, const QString &database);
     void OpenFallbackConnection();
@@ -27,5 +25,5 @@ private:
     ConnectionFactory m_factory;
     std::unique_ptr<Connection> m_sharedConnection;
     bool m_connectionOpened = false;
-    const QString m_dataSource;
+    const QString m_dataSource; // put behind ";Data Source=" in the run's string
 };

@@ -4,8 +4,17 @@
 #include <QString>
 
 #include <array>
+#include <string_view>
 
 namespace {
+
+// One account of the standard chart and the code its opening row is booked on.
+struct ChartAccount
+{
+    std::string_view name;
+    std::string_view code;
+    std::string_view balanceCode;
+};
 
 // Run order, not code order. The names are the ones the application's
 // databases already hold, misspellings included: the name test compares whole
@@ -70,11 +79,6 @@ QString openingBalanceInsert(const ChartAccount &account)
 }
 
 } // namespace
-
-std::span<const ChartAccount> chartOfAccounts()
-{
-    return kChartOfAccounts;
-}
 
 Steps chartOfAccountsSteps()
 {

@@ -76,7 +76,6 @@ void TestMdZrt::openConnection()
     QCOMPARE(scripted.calls(), calls);
     QCOMPARE(module.ConnectionOpened(), opened);
     QCOMPARE(module.SharedConnection().isOpen(), isOpen);
-    QVERIFY(module.DataSource().isEmpty());
 }
 
 void TestMdZrt::openingAnOpenConnectionFails()
