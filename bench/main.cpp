@@ -23,7 +23,6 @@ class RecordingHost : public HeadlessRunHost
 public:
     QStringList statements;
 
-    std::optional<DatabaseFile> chooseDatabaseFile() override { return std::nullopt; }
     void statementExecuted(const StatementOutcome &outcome) override { statements << outcome.text; }
 };
 

@@ -48,10 +48,12 @@ public:
     virtual bool stopRequested() const { return false; }
 };
 
-// A host without a window: nothing to show, raise or repaint.
+// A host without a window: nothing to show, raise or repaint, and no file
+// to create a missing database at.
 class HeadlessRunHost : public RunHost
 {
 public:
+    std::optional<DatabaseFile> chooseDatabaseFile() override { return std::nullopt; }
     void setCaption(const QString &) override {}
     void showWindow() override {}
     void setProgressMaximum(int) override {}

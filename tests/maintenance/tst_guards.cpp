@@ -7,17 +7,6 @@
 
 using CallCounts = QMap<QString, int>;
 
-namespace {
-
-// A host that shows nothing and whose file dialog yields an empty file.
-class QuietHost : public HeadlessRunHost
-{
-public:
-    std::optional<DatabaseFile> chooseDatabaseFile() override { return DatabaseFile{}; }
-};
-
-} // namespace
-
 class tst_Guards : public QObject
 {
     Q_OBJECT
@@ -95,7 +84,7 @@ void tst_Guards::guardsOfTheRun()
     CheckRecordsets windowRecordsets;
     for (int run = 0; run < runs; ++run) {
         mdZRT module(server.connections());
-        QuietHost host;
+        HeadlessRunHost host;
         MaintenanceRun(module, host, windowRecordsets)
             .run({QStringLiteral("OFFLINE"), QStringLiteral("ACCOUNTS"), QStringLiteral("Quorvex2024")},
                  maintenanceSteps());
