@@ -130,6 +130,12 @@ void TestDatabaseListing::onlineListsTheHostedDatabasesTheLoginMayOpen()
     const Listed refused = list(QStringLiteral("ONLINE"), QStringLiteral("ACCOUNTS"), state);
     QVERIFY(refused.outcome.failed);
     QVERIFY(refused.names.isEmpty());
+
+    state->refuseLogin = false;
+    state->dropAfterRows = 1;
+    const Listed dropped = list(QStringLiteral("ONLINE"), QStringLiteral("ACCOUNTS"), state);
+    QVERIFY(dropped.outcome.failed);
+    QVERIFY(dropped.names.isEmpty());
 }
 
 void TestDatabaseListing::unreachableFreeTdsServerAnswersWithinTheLoginTimeout()
