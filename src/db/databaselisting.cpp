@@ -2,6 +2,8 @@
 
 #include "connectionprofiles.h"
 
+#include <QStringList>
+
 namespace {
 
 constexpr char kLocalQuery[] = "Select name From sys.databases Where name like 'Quorvex%' Order By name";
@@ -39,7 +41,8 @@ ListingOutcome listDatabases(const QString &mode, const QString &server, const C
     ListingOutcome outcome;
     std::optional<QString> connectionString;
     QString query;
-    if (mode == QLatin1String(ConnectionProfiles::kOnline)) {
+    const bool online = mode == QLatin1String(ConnectionProfiles::kOnline);
+    if (online) {
         outcome.serverDataSource = ConnectionProfiles::onlineDataSource();
         connectionString = ConnectionProfiles::runConnectionString(*ConnectionProfiles::prefix(mode),
                                                                    QStringLiteral("master"), outcome.serverDataSource);
@@ -53,6 +56,16 @@ ListingOutcome listDatabases(const QString &mode, const QString &server, const C
         return outcome; // an unknown mode lists nothing and says nothing
 
     const std::unique_ptr<Connection> connection = factory();
-    outcome.failed = !readNames(*connection, *connectionString, query, add);
+    if (!online) {
+        outcome.failed = !readNames(*connection, *connectionString, query, add);
+        return outcome;
+    }
+    // The hosted list is offered whole or not at all.
+    QStringList hosted;
+    outcome.failed = !readNames(*connection, *connectionString, query, [&hosted](const QString &name) { hosted << name; });
+    if (!outcome.failed) {
+        for (const QString &name : std::as_const(hosted))
+            add(name);
+    }
     return outcome;
 }

@@ -27,6 +27,9 @@ QComboBox *makeCombo(const QString &name, QWidget *parent)
     auto *box = new QComboBox(parent);
     box->setObjectName(name);
     box->setEditable(true);
+    // What the box shows is what is used: no inline completion, and no
+    // case-blind match that swaps a typed name for a listed one.
+    box->setCompleter(nullptr);
     // Enter walks on to the next box; it must not add the typed text as an item.
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setAutoFillBackground(true);
@@ -41,6 +44,27 @@ QLabel *makeLabel(const QString &name, const QString &text, QWidget *parent)
     label->setAlignment(Qt::AlignCenter);
     return label;
 }
+
+// Swallows the operator's presses, clicks and keys while it is installed.
+class InputSwallower : public QObject
+{
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+            return true;
+        default:
+            return false;
+        }
+    }
+};
 
 } // namespace
 
@@ -71,10 +95,17 @@ void frmZRT::buildLayout()
     Label2 = makeLabel(QStringLiteral("Label2"), QStringLiteral("LOADING"), this);
     cmdEnd->hide(); // shown by the run when it completes
 
-    auto *lists = new QHBoxLayout;
-    lists->addWidget(cmbType, 2);
-    lists->addWidget(cmbServer, 2);
-    lists->addWidget(cmbDataBase, 3);
+    auto *lists = new QGridLayout;
+    const std::pair<QString, QComboBox *> captioned[] = {
+        {QStringLiteral("Mode"), cmbType}, {QStringLiteral("Server"), cmbServer}, {QStringLiteral("Database"), cmbDataBase}};
+    for (int column = 0; column < 3; ++column) {
+        auto *caption = new QLabel(captioned[column].first, this);
+        caption->setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+        caption->setBuddy(captioned[column].second); // names the box for assistive tools
+        lists->addWidget(caption, 0, column);
+        lists->addWidget(captioned[column].second, 1, column);
+        lists->setColumnStretch(column, column == 2 ? 3 : 2);
+    }
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdProcess);
@@ -178,6 +209,18 @@ void frmZRT::cmdProcess_Click()
     }
     MaintenanceRun run(m_module, *this, m_checkRecordsets);
     run.run({cmbType->currentText(), cmbServer->currentText(), cmbDataBase->currentText()}, maintenanceSteps());
+    discardInputQueuedDuringRun();
+}
+
+void frmZRT::discardInputQueuedDuringRun()
+{
+    // Presses made while the run blocked wait in the window system's queue;
+    // delivered now they would land on cmdEnd, which stands where cmdProcess
+    // stood, or start a second run. They belonged to the hidden button.
+    InputSwallower swallower;
+    QCoreApplication::instance()->installEventFilter(&swallower);
+    QCoreApplication::processEvents();
+    QCoreApplication::instance()->removeEventFilter(&swallower);
 }
 
 void frmZRT::cmdEnd_Click()

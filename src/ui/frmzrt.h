@@ -34,6 +34,7 @@ private:
     void combo_LostFocus(QComboBox *box);
     void cmbServer_LostFocus();
     void cmdEnd_Click();
+    void discardInputQueuedDuringRun();
 
     // RunHost
     void setCaption(const QString &caption) override;

@@ -12,9 +12,18 @@ PictureButton::PictureButton(const QString &objectName, const QString &picture, 
     setCursor(Qt::PointingHandCursor);
 }
 
+void PictureButton::mousePressEvent(QMouseEvent *event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+}
+
 void PictureButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+    // A click is a press and a release both on this picture: a release whose
+    // press went elsewhere, or was discarded, clicks nothing.
+    const bool click = m_pressed && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+    m_pressed = false;
+    if (click)
         emit clicked();
 }
 

@@ -16,6 +16,10 @@ signals:
     void keyPressed(int key);
 
 protected:
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    bool m_pressed = false;
 };

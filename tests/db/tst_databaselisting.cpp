@@ -58,6 +58,9 @@ void TestDatabaseListing::listing_data()
     QTest::newRow("connection lost while reading keeps the names read")
         << "OFFLINE" << "S" << QString() << brokenAfterOne << QStringList{offline + "S", "query " + kOfflineQuery}
         << QStringList{"QuorvexA"} << true;
+    QTest::newRow("a hosted list cut short is offered not at all")
+        << "ONLINE" << "S" << QString() << brokenAfterOne << QStringList{online, "query " + kOnlineQuery}
+        << QStringList() << true;
     QTest::newRow("unknown mode lists nothing and opens nothing")
         << "Offline" << "S" << QString() << two << QStringList() << QStringList() << false;
 }

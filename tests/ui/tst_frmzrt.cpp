@@ -1,6 +1,7 @@
 #include "dialogs.h"
 #include "frmzrt.h"
 #include "mdzrt.h"
+#include "picturebutton.h"
 #include "scriptedconnection.h"
 
 #include <QApplication>
@@ -15,6 +16,8 @@ namespace {
 const QString kDatabaseNotFound = QStringLiteral("Database not found, please select the required account year database.");
 const QString kConnectionNotEstablished = QStringLiteral("Connection not established, please check the server configuration.");
 const QString kCompleted = QStringLiteral("MANAGING DATABASE PROCESS HAS COMPLETED.");
+const QString kOpenOffline = QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=");
+const QString kOfflineListing = QStringLiteral("Select name From sysdatabases Where name like 'Quorvex%' Order By name");
 
 class AnsweringDialogs : public Dialogs
 {
@@ -31,8 +34,6 @@ public:
     }
 };
 
-const QString kOfflineListing = QStringLiteral("Select name From sysdatabases Where name like 'Quorvex%' Order By name");
-
 // One window with a scripted server behind the shared connection and another for the listing.
 struct Fixture
 {
@@ -42,42 +43,39 @@ struct Fixture
     mdZRT module{shared.connections()};
     frmZRT window{module, listing.connections(), dialogs};
 
-    void list(const QStringList &names) { listing.answers.insert(kOfflineListing, singleColumn("name", names)); }
-    qsizetype listings() const { return listing.logs().size(); }
+    Fixture() { window.show(); }
 
-    template<typename T> T *child(const char *name) { return window.findChild<T *>(QString::fromLatin1(name)); }
-    QComboBox *combo(const char *name) { return child<QComboBox>(name); }
-    QWidget *widget(const char *name) { return child<QWidget>(name); }
-    QString caption() { return child<QLabel>("lblManageDatabase")->text(); }
-    QStringList items(const char *name)
+    void list(const QStringList &names) { listing.answers.insert(kOfflineListing, singleColumn("name", names)); }
+
+    template<typename T = QWidget> T *child(const QString &name) { return window.findChild<T *>(name); }
+    QComboBox *combo(const QString &name) { return child<QComboBox>(name); }
+    QStringList items(const QString &name)
     {
         QStringList texts;
         for (int i = 0; i < combo(name)->count(); ++i)
             texts << combo(name)->itemText(i);
         return texts;
     }
-    bool show()
-    {
-        window.show();
-        return QTest::qWaitForWindowActive(&window);
-    }
     void pressEnter(QWidget *box)
     {
+        box->setFocus();
         QTest::keyClick(box, Qt::Key_Return);
         QCoreApplication::sendPostedEvents(); // the Tab that Enter sends
     }
+    // Types into a box as the operator does, then leaves it by Enter.
+    void type(QComboBox *box, const QString &text)
+    {
+        box->clearEditText();
+        box->setFocus();
+        QTest::keyClicks(box, text);
+        pressEnter(box);
+    }
 };
 
-bool highlighted(QComboBox *box)
+bool highlighted(QComboBox *box, bool on)
 {
-    return box->palette().color(QPalette::Base) == QColor(1, 124, 106)
-        && box->palette().color(QPalette::Text) == QColor(Qt::white);
-}
-
-bool unhighlighted(QComboBox *box)
-{
-    return box->palette().color(QPalette::Base) == QColor(Qt::white)
-        && box->palette().color(QPalette::Text) == QColor(Qt::black);
+    return box->palette().color(QPalette::Base) == (on ? QColor(1, 124, 106) : QColor(Qt::white))
+        && box->palette().color(QPalette::Text) == (on ? QColor(Qt::white) : QColor(Qt::black));
 }
 
 } // namespace
@@ -87,214 +85,163 @@ class TestFrmZrt : public QObject
     Q_OBJECT
 
 private slots:
-    void startUpState();
-    void focusColoursAndEnterAsTab();
-    void leavingTheServerListListsAfresh();
-    void unreachableServerThenProcess();
-    void keyOnProcessButtonRuns_data();
-    void keyOnProcessButtonRuns();
-    void emptyDatabaseNameIsRefused();
-    void missingDatabaseIsCreated_data();
+    void startUpAndTheThreeLists();
+    void pressingTheProcessButton_data();
+    void pressingTheProcessButton();
     void missingDatabaseIsCreated();
 };
 
-void TestFrmZrt::startUpState()
-{
-    Fixture f;
-    QVERIFY(f.show());
-    QCOMPARE(f.items("cmbType"), (QStringList{"OFFLINE", "LOCAL", "ONLINE"}));
-    QCOMPARE(f.combo("cmbType")->currentText(), QStringLiteral("OFFLINE"));
-    QCOMPARE(f.items("cmbServer"), (QStringList{"ACCOUNTS", "QUORVEX", "QUORVEXMAIN", "LAPTOP", "SERVER"}));
-    QCOMPARE(f.combo("cmbServer")->currentText(), QStringLiteral("ACCOUNTS"));
-    QCOMPARE(f.combo("cmbDataBase")->count(), 0);
-    QVERIFY(f.combo("cmbDataBase")->currentText().isEmpty());
-    QCOMPARE(f.caption(), QStringLiteral("0%"));
-    QCOMPARE(f.child<QLabel>("Label2")->text(), QStringLiteral("LOADING"));
-    QVERIFY(f.widget("cmdProcess")->isVisible());
-    QVERIFY(!f.widget("cmdEnd")->isVisible());
-    QVERIFY(f.child<QProgressBar>("ProgressBar1")->isVisible());
-    QCOMPARE(f.shared.logs().size(), 0);
-    QCOMPARE(f.listings(), 0);
-
-    // The three lists stand side by side in one row, the database list the widest.
-    const QRect type = f.combo("cmbType")->geometry();
-    const QRect server = f.combo("cmbServer")->geometry();
-    const QRect database = f.combo("cmbDataBase")->geometry();
-    QCOMPARE(type.top(), server.top());
-    QCOMPARE(server.top(), database.top());
-    QVERIFY(type.right() < server.left() && server.right() < database.left());
-    QVERIFY(database.width() > server.width() && database.width() > type.width());
-}
-
-void TestFrmZrt::focusColoursAndEnterAsTab()
-{
-    Fixture f;
-    f.list({"QuorvexA"});
-    QVERIFY(f.show());
-    QComboBox *type = f.combo("cmbType");
-    QComboBox *server = f.combo("cmbServer");
-    QComboBox *database = f.combo("cmbDataBase");
-    type->setFocus();
-    QTRY_COMPARE(QApplication::focusWidget(), type);
-    QVERIFY(highlighted(type));
-    QVERIFY(unhighlighted(server) && unhighlighted(database));
-
-    f.pressEnter(type);
-    QCOMPARE(QApplication::focusWidget(), server);
-    QVERIFY(unhighlighted(type));
-    QVERIFY(highlighted(server));
-    QCOMPARE(f.listings(), 0);
-
-    f.pressEnter(server);
-    QCOMPARE(QApplication::focusWidget(), database);
-    QVERIFY(unhighlighted(server));
-    QVERIFY(highlighted(database));
-    QCOMPARE(f.items("cmbDataBase"), QStringList{"QuorvexA"});
-    // The listing has a connection of its own: the shared one is untouched.
-    QCOMPARE(f.shared.logs().size(), 0);
-    QVERIFY(!f.module.ConnectionOpened());
-    QVERIFY(f.dialogs.messages.isEmpty());
-}
-
-void TestFrmZrt::leavingTheServerListListsAfresh()
+void TestFrmZrt::startUpAndTheThreeLists()
 {
     Fixture f;
     f.list({"QuorvexA", "QuorvexB"});
-    QVERIFY(f.show());
-    f.combo("cmbServer")->setFocus();
-    f.pressEnter(f.combo("cmbServer"));
-    QCOMPARE(f.items("cmbDataBase"), (QStringList{"QuorvexA", "QuorvexB"}));
-    QVERIFY(f.combo("cmbDataBase")->currentText().isEmpty());
+    QVERIFY(QTest::qWaitForWindowActive(&f.window));
+    QComboBox *type = f.combo("cmbType");
+    QComboBox *server = f.combo("cmbServer");
+    QComboBox *database = f.combo("cmbDataBase");
+    QCOMPARE(f.items("cmbType"), (QStringList{"OFFLINE", "LOCAL", "ONLINE"}));
+    QCOMPARE(type->currentText(), QStringLiteral("OFFLINE"));
+    QCOMPARE(f.items("cmbServer"), (QStringList{"ACCOUNTS", "QUORVEX", "QUORVEXMAIN", "LAPTOP", "SERVER"}));
+    QCOMPARE(server->currentText(), QStringLiteral("ACCOUNTS"));
+    QVERIFY(f.items("cmbDataBase").isEmpty() && database->currentText().isEmpty());
+    QCOMPARE(f.child<QLabel>("lblManageDatabase")->text(), QStringLiteral("0%"));
+    QCOMPARE(f.child<QLabel>("Label2")->text(), QStringLiteral("LOADING"));
+    QVERIFY(f.child("cmdProcess")->isVisible() && !f.child("cmdEnd")->isVisible());
+    QVERIFY(f.shared.logs().isEmpty() && f.listing.logs().isEmpty());
+    // Side by side in one row, the database list the widest, each under its caption.
+    QVERIFY(type->y() == server->y() && server->y() == database->y());
+    QVERIFY(type->geometry().right() < server->x() && server->geometry().right() < database->x());
+    QVERIFY(database->width() > server->width() && database->width() > type->width());
+    QStringList captions;
+    for (QLabel *label : f.window.findChildren<QLabel *>()) {
+        if (label->buddy() && label->geometry().bottom() < label->buddy()->y() && label->x() == label->buddy()->x())
+            captions << label->text() + ' ' + label->buddy()->objectName();
+    }
+    QCOMPARE(captions, (QStringList{"Mode cmbType", "Server cmbServer", "Database cmbDataBase"}));
 
-    f.combo("cmbServer")->setFocus();
-    f.pressEnter(f.combo("cmbServer"));
+    type->setFocus();
+    QTRY_COMPARE(QApplication::focusWidget(), type);
+    QVERIFY(highlighted(type, true) && highlighted(server, false) && highlighted(database, false));
+    f.pressEnter(type);
+    QCOMPARE(QApplication::focusWidget(), server);
+    QVERIFY(highlighted(type, false) && highlighted(server, true));
+    QVERIFY(f.listing.logs().isEmpty());
+    f.pressEnter(server);
+    QCOMPARE(QApplication::focusWidget(), database);
+    QVERIFY(highlighted(server, false) && highlighted(database, true));
     QCOMPARE(f.items("cmbDataBase"), (QStringList{"QuorvexA", "QuorvexB"}));
-    QCOMPARE(f.listings(), 2);
+    QVERIFY(database->currentText().isEmpty());
 
-    // Changing the mode alone keeps the earlier mode's list.
-    f.combo("cmbType")->setFocus();
-    f.combo("cmbType")->setEditText(QStringLiteral("LOCAL"));
-    f.pressEnter(f.combo("cmbType"));
+    // Again, with a prefix of a preset name typed: listed afresh from that
+    // server as typed, without duplicates.
+    f.type(server, QStringLiteral("QUORVEXM"));
     QCOMPARE(f.items("cmbDataBase"), (QStringList{"QuorvexA", "QuorvexB"}));
-    QCOMPARE(f.listings(), 2);
-    QVERIFY(f.dialogs.messages.isEmpty());
-}
+    QVERIFY(f.listing.logs().last().first().endsWith(QLatin1String("Data Source=QUORVEXM")));
+    // Changing the mode alone keeps the earlier mode's list; typed in lower
+    // case it stays so.
+    f.type(type, QStringLiteral("local"));
+    QCOMPARE(type->currentText(), QStringLiteral("local"));
+    QCOMPARE(f.items("cmbDataBase"), (QStringList{"QuorvexA", "QuorvexB"}));
+    QCOMPARE(f.listing.logs().size(), 2);
+    // The listing has a connection of its own: the shared one is untouched.
+    QVERIFY(f.shared.logs().isEmpty() && f.dialogs.messages.isEmpty());
 
-void TestFrmZrt::unreachableServerThenProcess()
-{
-    Fixture f;
+    // An unreachable server: one message, and the earlier list is gone.
+    type->setEditText(QStringLiteral("OFFLINE"));
     f.listing.refusedOpens << QStringLiteral("master");
-    QVERIFY(f.show());
-    f.combo("cmbServer")->setFocus();
-    f.pressEnter(f.combo("cmbServer"));
+    f.pressEnter(server);
     QCOMPARE(f.dialogs.messages, QStringList{kConnectionNotEstablished});
-    QCOMPARE(f.combo("cmbDataBase")->count(), 0);
-
-    QTest::mouseClick(f.widget("cmdProcess"), Qt::LeftButton);
-    QCOMPARE(f.dialogs.messages, (QStringList{kConnectionNotEstablished, kDatabaseNotFound}));
-    QCOMPARE(QApplication::focusWidget(), f.combo("cmbDataBase"));
-    QCOMPARE(f.shared.logs().size(), 0);
+    QVERIFY(f.items("cmbDataBase").isEmpty());
 }
 
-void TestFrmZrt::keyOnProcessButtonRuns_data()
+void TestFrmZrt::pressingTheProcessButton_data()
 {
-    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("database"); // typed with QuorvexAB2024 listed
+    QTest::addColumn<int>("key");          // pressed on the process button; 0 clicks it
+    QTest::addColumn<QList<int>>("queued"); // clicks on both buttons while the run blocks
     QTest::addColumn<bool>("runs");
-    QTest::newRow("letter") << int(Qt::Key_A) << true;
-    QTest::newRow("space") << int(Qt::Key_Space) << true;
-    QTest::newRow("Enter") << int(Qt::Key_Return) << true;
-    QTest::newRow("Tab moves on") << int(Qt::Key_Tab) << false;
-    QTest::newRow("arrow types nothing") << int(Qt::Key_Down) << false;
+    const QList<int> none;
+    const int press = QEvent::MouseButtonPress, release = QEvent::MouseButtonRelease;
+    QTest::newRow("letter") << "QuorvexAB2024" << int(Qt::Key_A) << none << true;
+    QTest::newRow("space") << "QuorvexAB2024" << int(Qt::Key_Space) << none << true;
+    QTest::newRow("Enter") << "QuorvexAB2024" << int(Qt::Key_Return) << none << true;
+    QTest::newRow("Tab moves on") << "QuorvexAB2024" << int(Qt::Key_Tab) << none << false;
+    QTest::newRow("arrow types nothing") << "QuorvexAB2024" << int(Qt::Key_Down) << none << false;
+    QTest::newRow("no database is refused") << "" << int(Qt::Key_Space) << none << false;
+    QTest::newRow("prefix of a listed name") << "QuorvexAB" << 0 << none << true;
+    QTest::newRow("impatient second click") << "QuorvexAB2024" << 0 << QList<int>{press, release} << true;
+    QTest::newRow("second half of a double-click")
+        << "QuorvexAB2024" << 0 << QList<int>{press, QEvent::MouseButtonDblClick, release} << true;
+    QTest::newRow("press during the run, release after it") << "QuorvexAB2024" << 0 << QList<int>{press} << true;
 }
 
-void TestFrmZrt::keyOnProcessButtonRuns()
+void TestFrmZrt::pressingTheProcessButton()
 {
+    QFETCH(QString, database);
     QFETCH(int, key);
+    QFETCH(QList<int>, queued);
     QFETCH(bool, runs);
     Fixture f;
-    QVERIFY(f.show());
-    f.combo("cmbDataBase")->setEditText(QStringLiteral("QuorvexA"));
-    QWidget *process = f.widget("cmdProcess");
-    process->setFocus();
-    QTRY_COMPARE(QApplication::focusWidget(), process);
-    QProgressBar *bar = f.child<QProgressBar>("ProgressBar1");
-    QSignalSpy values(bar, &QProgressBar::valueChanged);
+    f.list({"QuorvexAB2024"});
+    QVERIFY(QTest::qWaitForWindowActive(&f.window));
+    f.pressEnter(f.combo("cmbServer"));
+    f.type(f.combo("cmbDataBase"), database);
+    QWidget *process = f.child("cmdProcess");
+    QCOMPARE(QApplication::focusWidget(), process);
+    auto *bar = f.child<QProgressBar>("ProgressBar1");
+    QSignalSpy endClicks(f.child<PictureButton>("cmdEnd"), &PictureButton::clicked);
+    const auto post = [&f](const QList<int> &types) {
+        for (QWidget *button : {f.child("cmdProcess"), f.child("cmdEnd")}) {
+            const QPointF at = QRectF(button->rect()).center();
+            for (int type : types)
+                QCoreApplication::postEvent(button, new QMouseEvent(QEvent::Type(type), at, button->mapToGlobal(at), Qt::LeftButton,
+                                                                    type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {}));
+        }
+    };
+    QList<int> seen; // valueChanged is silent when a value is set again, so 100 shows once
+    connect(bar, &QProgressBar::valueChanged, this, [&](int value) {
+        seen << value;
+        // Well past the run's one yield: the window system holds such input until the run returns.
+        if (value == 500)
+            post(queued);
+    });
 
-    QTest::keyClick(process, Qt::Key(key));
+    if (key)
+        QTest::keyClick(process, Qt::Key(key));
+    else
+        QTest::mouseClick(process, Qt::LeftButton);
+    post({QEvent::MouseButtonRelease}); // a release whose press went elsewhere clicks nothing
+    QCoreApplication::processEvents();
 
-    QCOMPARE(process->isVisible(), !runs);
-    QCOMPARE(f.widget("cmdEnd")->isVisible(), runs);
-    QCOMPARE(f.caption(), runs ? kCompleted : QStringLiteral("0%"));
-    if (!runs)
-        return;
-    QCOMPARE(bar->maximum(), 1000);
-    QCOMPARE(bar->value(), 1000);
-    QList<int> seen;
-    for (const QList<QVariant> &value : values)
-        seen << value.first().toInt();
-    // valueChanged is silent when a value is set again, so 100 shows once.
-    QCOMPARE(seen, (QList<int>{100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}));
-    QVERIFY(f.module.ConnectionOpened());
-    QCOMPARE(f.shared.calls().first(),
-             QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;"
-                            "Initial Catalog=QuorvexA;Data Source="));
-    QVERIFY(f.dialogs.messages.isEmpty());
-    QCOMPARE(f.dialogs.fileDialogs, 0);
-}
-
-void TestFrmZrt::emptyDatabaseNameIsRefused()
-{
-    Fixture f;
-    QVERIFY(f.show());
-    QProgressBar *bar = f.child<QProgressBar>("ProgressBar1");
-    const int value = bar->value();
-    const int maximum = bar->maximum();
-    f.widget("cmdProcess")->setFocus();
-    QTest::keyClick(f.widget("cmdProcess"), Qt::Key_Space);
-    QCOMPARE(f.dialogs.messages, QStringList{kDatabaseNotFound});
-    QCOMPARE(QApplication::focusWidget(), f.combo("cmbDataBase"));
-    QCOMPARE(f.caption(), QStringLiteral("0%"));
-    QCOMPARE(bar->value(), value);
-    QCOMPARE(bar->maximum(), maximum);
-    QVERIFY(f.widget("cmdProcess")->isVisible());
-    QCOMPARE(f.shared.logs().size(), 0);
-}
-
-void TestFrmZrt::missingDatabaseIsCreated_data()
-{
-    QTest::addColumn<QString>("fullName");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("statement");
-    QTest::newRow("typed name") << "D:\\Data\\Books2024" << "Books2024"
-                                << "CREATE DATABASE [Books2024]  ON (NAME = N'Quorvex KRN', FILENAME = N'D:\\Data\\Books2024.mdf') LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'D:\\Data\\Books2024_Log.ldf')";
-    QTest::newRow("name typed as X.mdf") << "/srv/sql/X.mdf" << "X.mdf"
-                                         << "CREATE DATABASE [X.mdf]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/sql/X.mdf.mdf') LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/sql/X.mdf_Log.ldf')";
-    QTest::newRow("cancelled dialog") << "" << ""
-                                      << "CREATE DATABASE []  ON (NAME = N'Quorvex KRN', FILENAME = N'.mdf') LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'_Log.ldf')";
+    QVERIFY(process->isVisible() != runs && f.child("cmdEnd")->isVisible() == runs);
+    QCOMPARE(endClicks.size(), 0);
+    QCOMPARE(f.child<QLabel>("lblManageDatabase")->text(), runs ? kCompleted : QStringLiteral("0%"));
+    QCOMPARE(seen, runs ? QList<int>({100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}) : QList<int>());
+    QCOMPARE(f.shared.calls().filter(QRegularExpression(QStringLiteral("^open "))),
+             runs ? QStringList{kOpenOffline + database + ";Data Source="} : QStringList());
+    // The refusal: its message, and the focus back on the database list.
+    QCOMPARE(f.dialogs.messages, database.isEmpty() ? QStringList{kDatabaseNotFound} : QStringList());
+    QCOMPARE(QApplication::focusWidget() == f.combo("cmbDataBase"), database.isEmpty());
 }
 
 void TestFrmZrt::missingDatabaseIsCreated()
 {
-    QFETCH(QString, fullName);
-    QFETCH(QString, title);
-    QFETCH(QString, statement);
     Fixture f;
     f.shared.refusedOpens << QStringLiteral("Initial Catalog=QuorvexNew;");
-    f.dialogs.file = {fullName, title};
-    QVERIFY(f.show());
+    f.dialogs.file = {QStringLiteral("D:\\Data\\Books2024"), QStringLiteral("Books2024")};
+    QVERIFY(QTest::qWaitForWindowActive(&f.window));
     f.combo("cmbDataBase")->setEditText(QStringLiteral("QuorvexNew"));
-    QTest::mouseClick(f.widget("cmdProcess"), Qt::LeftButton);
+    QTest::mouseClick(f.child("cmdProcess"), Qt::LeftButton);
 
-    const QString runString = QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;"
-                                             "Initial Catalog=QuorvexNew;Data Source=");
-    const QString fallback = QStringLiteral("open Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;"
-                                            "Initial Catalog=tempdb");
+    const QString runString = kOpenOffline + "QuorvexNew;Data Source=", fallback = kOpenOffline + "tempdb";
     QCOMPARE(f.dialogs.fileDialogs, 1);
     QCOMPARE(f.shared.calls().mid(0, 6),
-             (QStringList{runString, fallback, "execute " + statement, "close", runString, fallback}));
+             (QStringList{runString, fallback,
+                          "execute CREATE DATABASE [Books2024]  ON (NAME = N'Quorvex KRN', FILENAME = N'D:\\Data\\Books2024.mdf') LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'D:\\Data\\Books2024_Log.ldf')",
+                          "close", runString, fallback}));
     QVERIFY(!f.module.ConnectionOpened());
     // The run goes on, on the fallback connection, to its end.
-    QCOMPARE(f.caption(), kCompleted);
+    QCOMPARE(f.child<QLabel>("lblManageDatabase")->text(), kCompleted);
     QVERIFY(f.dialogs.messages.isEmpty());
 }
 
