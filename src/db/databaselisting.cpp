@@ -43,12 +43,10 @@ ListingOutcome listDatabases(const QString &mode, const QString &server, const C
     QString query;
     const bool online = mode == QLatin1String(ConnectionProfiles::kOnline);
     if (online) {
-        outcome.serverDataSource = ConnectionProfiles::onlineDataSource();
-        connectionString = ConnectionProfiles::runConnectionString(*ConnectionProfiles::prefix(mode),
-                                                                   QStringLiteral("master"), outcome.serverDataSource);
+        connectionString = ConnectionProfiles::runConnectionString(
+            *ConnectionProfiles::prefix(mode), QStringLiteral("master"), ConnectionProfiles::onlineDataSource());
         query = QString::fromLatin1(kOnlineQuery);
     } else {
-        outcome.serverDataSource = server;
         connectionString = ConnectionProfiles::listingConnectionString(mode, server);
         query = QString::fromLatin1(mode == QLatin1String(ConnectionProfiles::kLocal) ? kLocalQuery : kOfflineQuery);
     }

@@ -11,8 +11,7 @@ inline constexpr char kConnectionNotEstablished[] =
 
 struct ListingOutcome
 {
-    QString serverDataSource; // the data source the listing used
-    bool failed = false;      // the caller shows the connection message once
+    bool failed = false; // the caller shows the connection message once
 };
 
 // Lists the application's databases on a server in the given mode, on a

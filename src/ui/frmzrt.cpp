@@ -193,7 +193,6 @@ void frmZRT::cmbServer_LostFocus()
     const ListingOutcome outcome = listDatabases(cmbType->currentText(), cmbServer->currentText(),
                                                  m_listingConnections,
                                                  [this](const QString &name) { cmbDataBase->addItem(name); });
-    m_serverDataSource = outcome.serverDataSource;
     // The list offers the names; none is chosen until the operator picks one.
     cmbDataBase->setCurrentIndex(-1);
     if (outcome.failed)

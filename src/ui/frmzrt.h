@@ -51,7 +51,6 @@ private:
     ConnectionFactory m_listingConnections;
     Dialogs &m_dialogs;
     CheckRecordsets m_checkRecordsets;
-    QString m_serverDataSource;
     QComboBox *m_focusedCombo = nullptr;
 
     QComboBox *cmbType;
