@@ -4,17 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev libqt6sql6-odbc unixodbc unixodbc-dev odbcinst tdsodbc libsqliteodbc)
-missing=()
-for package in "${packages[@]}"; do
-    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    sudo=""
-    [ "$(id -u)" -eq 0 ] || sudo="sudo"
-    $sudo apt-get update
-    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y "${missing[@]}"
-fi
+bash scripts/install_missing.sh cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev libqt6sql6-odbc unixodbc \
+    unixodbc-dev odbcinst tdsodbc libsqliteodbc help2man
 
 register_driver() { # name, library file
     if ! odbcinst -q -d -n "$1" >/dev/null 2>&1; then

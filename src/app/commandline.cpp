@@ -16,7 +16,7 @@ constexpr char kProgramHelp[] =
     "  run      run the maintenance on one database, with a summary and a report\n"
     "  check    list what a database lacks of what a run leaves; changes nothing\n"
     "\n"
-    "zrt COMMAND --help tells more of each.\n";
+    "zrt COMMAND --help tells more of each; zrt --version prints the version.\n";
 
 } // namespace
 
@@ -34,6 +34,10 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         return checkCommand(rest, context);
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
         context.out << kProgramHelp;
+        return kExitOk;
+    }
+    if (command == QLatin1String("--version")) {
+        context.out << "zrt " << ZRT_VERSION << "\n";
         return kExitOk;
     }
     context.err << "zrt: unknown command '" << command << "'\n\n" << kProgramHelp;
