@@ -83,7 +83,7 @@ int runOne(const QCommandLineParser &parser, CommandContext &context)
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
     run.mask = secretMask(parser);
-    if (context.terminal && !json)
+    if (context.terminal && !json && !quiet)
         run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
     run.stop = context.stop;
 
