@@ -14,11 +14,22 @@ namespace {
 
 constexpr qsizetype kNameCharacters = 60; // a file name's 255 bytes hold them in UTF-8
 
+// A report's file name, its own for every place in the listing; the name's
+// letters, digits and hyphens kept, the rest made '_'.
+QString reportFileName(qsizetype position, const QString &database)
+{
+    QString name = database.left(kNameCharacters);
+    for (QChar &c : name) {
+        if (!c.isLetterOrNumber() && c != u'-')
+            c = u'_';
+    }
+    return QStringLiteral("%1-%2.jsonl").arg(position + 1, 3, 10, QLatin1Char('0')).arg(name);
+}
+
 DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QString &reportFile)
 {
-    const QString target = runs.server.isEmpty() ? QStringLiteral("the local default instance") : runs.server;
-    DatabaseRun run{runs.mode, runs.server, database, target, runs.connections, std::nullopt, nullptr,
-                    runs.mask, {}, runs.stop};
+    DatabaseRun run{runs.mode, runs.server, database, QLatin1String("server ") + runs.server, runs.connections,
+                    std::nullopt, nullptr, runs.mask, {}, runs.stop};
     std::optional<QSaveFile> report;
     QString openError;
     if (runs.reportDir) {
@@ -42,16 +53,6 @@ void writeWhole(const QString &path, const QByteArray &bytes, QStringList &error
 }
 
 } // namespace
-
-QString reportFileName(qsizetype position, const QString &database)
-{
-    QString name = database.left(kNameCharacters);
-    for (QChar &c : name) {
-        if (!c.isLetterOrNumber() && c != u'-')
-            c = u'_';
-    }
-    return QStringLiteral("%1-%2.jsonl").arg(position + 1, 3, 10, QLatin1Char('0')).arg(name);
-}
 
 AllRunsResult runAllDatabases(const AllRuns &runs)
 {

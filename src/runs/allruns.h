@@ -34,7 +34,3 @@ struct AllRunsResult
 // connection of its own, up to `jobs` at once. With a report folder, writes
 // the index of the runs there once they have ended, however they ended.
 AllRunsResult runAllDatabases(const AllRuns &runs);
-
-// A report's file name, its own for every place in the listing; the name's
-// letters and digits kept, the rest made '_'.
-QString reportFileName(qsizetype position, const QString &database);
