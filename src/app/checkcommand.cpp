@@ -1,9 +1,9 @@
 #include "checkcommand.h"
 
 #include "commandoptions.h"
-#include "connectionprofiles.h"
-#include "mdzrt.h"
-#include "schemadrift.h"
+#include "databasecheck.h"
+#include "databaselisting.h"
+#include "printabletext.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,12 +13,15 @@ namespace {
 
 constexpr char kDescription[] =
     "zrt check --mode MODE --database NAME [--server NAME | --odbc STRING] [--json]\n"
+    "zrt check --all --mode MODE --server NAME [--json]\n"
     "\n"
     "Compares the database's tables, columns and views with what a run leaves\n"
     "and lists what is missing or of another type or width. Tables, columns and\n"
-    "views of its own are listed as left alone. Only reads: it sends nothing but\n"
-    "Selects. Exit 0 when the database matches, 1 when it differs or cannot be\n"
-    "opened or read.";
+    "views of its own are listed as left alone; views that read a table no run\n"
+    "creates and the database lacks are listed as not installable here. Neither\n"
+    "counts as a difference. Only reads: it sends nothing but Selects. With --all\n"
+    "every database the server lists is checked, one line each. Exit 0 when the\n"
+    "database matches, 1 when it differs, 4 when it cannot be opened or read.";
 
 QString columnName(const ColumnFinding &finding)
 {
@@ -31,7 +34,15 @@ void printGroup(QTextStream &out, const char *title, const QStringList &lines)
         return;
     out << title << ":\n";
     for (const QString &line : lines)
-        out << "  " << line << "\n";
+        out << "  " << escapedControls(line) << "\n";
+}
+
+QString differencesText(const SchemaDrift &drift)
+{
+    const qsizetype differences = drift.differences();
+    if (differences == 0)
+        return QStringLiteral("matches");
+    return QStringLiteral("%1 %2").arg(differences).arg(differences == 1 ? "difference" : "differences");
 }
 
 void printReport(QTextStream &out, const SchemaDrift &drift)
@@ -43,6 +54,10 @@ void printReport(QTextStream &out, const SchemaDrift &drift)
     for (const ColumnFinding &finding : drift.differingColumns)
         differingColumns << columnName(finding) + QLatin1Char(' ') + finding.found + QLatin1String(", expected ")
                 + finding.expected;
+    QStringList notInstallable;
+    for (const UninstallableView &view : drift.uninstallableViews)
+        notInstallable << view.view + QLatin1String(" (source table missing: ") + view.missingTables.join(QLatin1String(", "))
+                + QLatin1Char(')');
     QStringList leftAlone;
     for (const QString &table : drift.extraTables)
         leftAlone << QLatin1String("table ") + table;
@@ -55,12 +70,9 @@ void printReport(QTextStream &out, const SchemaDrift &drift)
     printGroup(out, "Missing columns", missingColumns);
     printGroup(out, "Columns of another type or width", differingColumns);
     printGroup(out, "Missing views", drift.missingViews);
+    printGroup(out, "Not installable here", notInstallable);
     printGroup(out, "Left alone", leftAlone);
-    const qsizetype differences = drift.differences();
-    if (differences == 0)
-        out << "matches\n";
-    else
-        out << differences << (differences == 1 ? " difference\n" : " differences\n");
+    out << differencesText(drift) << "\n";
 }
 
 QJsonArray columnsJson(const QList<ColumnFinding> &findings)
@@ -77,21 +89,107 @@ QJsonArray columnsJson(const QList<ColumnFinding> &findings)
     return array;
 }
 
-void printJson(QTextStream &out, const QString &database, const SchemaDrift &drift)
+int exitStatus(const DatabaseCheckResult &result)
 {
-    const QJsonObject report{
-        {QStringLiteral("database"), database},
-        {QStringLiteral("matches"), drift.differences() == 0},
-        {QStringLiteral("differences"), qint64(drift.differences())},
-        {QStringLiteral("missingTables"), QJsonArray::fromStringList(drift.missingTables)},
-        {QStringLiteral("missingColumns"), columnsJson(drift.missingColumns)},
-        {QStringLiteral("differingColumns"), columnsJson(drift.differingColumns)},
-        {QStringLiteral("missingViews"), QJsonArray::fromStringList(drift.missingViews)},
-        {QStringLiteral("extraTables"), QJsonArray::fromStringList(drift.extraTables)},
-        {QStringLiteral("extraColumns"), columnsJson(drift.extraColumns)},
-        {QStringLiteral("extraViews"), QJsonArray::fromStringList(drift.extraViews)},
-    };
-    out << QJsonDocument(report).toJson(QJsonDocument::Compact) << "\n";
+    if (!result.drift)
+        return kExitNothingDone;
+    return result.drift->differences() == 0 ? kExitOk : kExitDiffers;
+}
+
+QJsonObject checkJson(const QString &database, const DatabaseCheckResult &result)
+{
+    QJsonObject json{{QStringLiteral("database"), database}, {QStringLiteral("exit"), exitStatus(result)}};
+    if (!result.drift) {
+        json.insert(QStringLiteral("error"), result.error);
+        return json;
+    }
+    const SchemaDrift &drift = *result.drift;
+    QJsonArray notInstallable;
+    for (const UninstallableView &view : drift.uninstallableViews)
+        notInstallable.append(QJsonObject{{QStringLiteral("view"), view.view},
+                                          {QStringLiteral("missingTables"), QJsonArray::fromStringList(view.missingTables)}});
+    json.insert(QStringLiteral("matches"), drift.differences() == 0);
+    json.insert(QStringLiteral("differences"), qint64(drift.differences()));
+    json.insert(QStringLiteral("missingTables"), QJsonArray::fromStringList(drift.missingTables));
+    json.insert(QStringLiteral("missingColumns"), columnsJson(drift.missingColumns));
+    json.insert(QStringLiteral("differingColumns"), columnsJson(drift.differingColumns));
+    json.insert(QStringLiteral("missingViews"), QJsonArray::fromStringList(drift.missingViews));
+    json.insert(QStringLiteral("notInstallableViews"), notInstallable);
+    json.insert(QStringLiteral("extraTables"), QJsonArray::fromStringList(drift.extraTables));
+    json.insert(QStringLiteral("extraColumns"), columnsJson(drift.extraColumns));
+    json.insert(QStringLiteral("extraViews"), QJsonArray::fromStringList(drift.extraViews));
+    return json;
+}
+
+void printJson(QTextStream &out, const QJsonObject &object)
+{
+    out << QJsonDocument(object).toJson(QJsonDocument::Compact) << "\n";
+}
+
+int checkOne(const QCommandLineParser &parser, bool json, CommandContext &context)
+{
+    const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("check"), context);
+    if (!choice)
+        return kExitUsage;
+    if (!json)
+        context.out << headerLine(QStringLiteral("check"),
+                                  QStringLiteral("database '%1', %2, mode %3").arg(choice->database, targetName(parser), choice->mode),
+                                  QDateTime::currentDateTime());
+    DatabaseCheckResult result =
+        checkDatabase(choice->mode, choice->server, choice->database, chosenConnections(parser, context));
+    result.error = secretMask(parser)(result.error);
+    if (json)
+        printJson(context.out, checkJson(choice->database, result));
+    else if (result.drift)
+        printReport(context.out, *result.drift);
+    else
+        context.err << "zrt check: " << escapedControls(result.error) << "\n";
+    return exitStatus(result);
+}
+
+int checkAll(const QCommandLineParser &parser, const QString &mode, bool json, CommandContext &context)
+{
+    const QString server = parser.value(QStringLiteral("server"));
+    if (!json)
+        context.out << headerLine(QStringLiteral("check --all"), QStringLiteral("server %1, mode %2").arg(server, mode),
+                                  QDateTime::currentDateTime());
+    const auto mask = secretMask(parser);
+    int status = kExitOk;
+    int byStatus[kExitNothingDone + 1] = {};
+    QJsonArray databases;
+    const AllChecksResult all = checkAllDatabases(mode, server, context.sqlServer, context.stop,
+                                                  [&](const QString &database, DatabaseCheckResult result) {
+        result.error = mask(result.error);
+        status = std::max(status, exitStatus(result));
+        ++byStatus[exitStatus(result)];
+        databases.append(checkJson(database, result));
+        if (json)
+            return;
+        context.out << escapedControls(database).leftJustified(30) << "  "
+                    << (result.drift ? differencesText(*result.drift) : escapedControls(result.error)) << "\n";
+        context.out.flush();
+    });
+    if (all.listingFailed)
+        status = kExitNothingDone;
+    else if (all.checked < all.databases.size())
+        status = kExitInterrupted;
+    if (json) {
+        QJsonObject document{{QStringLiteral("server"), server}, {QStringLiteral("mode"), mode},
+                             {QStringLiteral("databases"), databases}, {QStringLiteral("exit"), status}};
+        if (all.listingFailed)
+            document.insert(QStringLiteral("error"), QLatin1String(kConnectionNotEstablished));
+        printJson(context.out, document);
+    } else if (all.listingFailed) {
+        context.err << kConnectionNotEstablished << "\n";
+    } else {
+        context.out << QStringLiteral("%1 databases: %2 match, %3 differ, %4 could not be read, %5 not checked\n")
+                           .arg(all.databases.size())
+                           .arg(byStatus[kExitOk])
+                           .arg(byStatus[kExitDiffers])
+                           .arg(byStatus[kExitNothingDone])
+                           .arg(all.databases.size() - all.checked);
+    }
+    return status;
 }
 
 } // namespace
@@ -100,32 +198,16 @@ int checkCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     addDatabaseOptions(parser);
-    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON object instead of the report.")});
+    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of the report.")});
+    parser.addOption({QStringLiteral("all"), QStringLiteral("Check every database that the server lists.")});
     if (const std::optional<int> exit =
             parseOptions(parser, QStringLiteral("check"), QString::fromLatin1(kDescription), arguments, context))
         return *exit;
-    const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("check"), context);
-    if (!choice)
+    if (!checkedForm(parser, QStringLiteral("check"), {"database", "odbc"}, {}, context))
         return kExitUsage;
-
-    mdZRT module(chosenConnections(parser, context), choice->server);
-    module.OpenConnection(choice->mode, choice->server, choice->database);
-    if (!module.ConnectionOpened()) {
-        context.err << "zrt check: cannot open the database '" << choice->database << "'\n";
-        return kExitFailed;
-    }
-    DatabaseSchema found;
-    const DbStatus read = readDatabaseSchema(module.SharedConnection(), found);
-    if (!read.ok) {
-        context.err << "zrt check: cannot read the catalogue of '" << choice->database
-                    << "': " << ConnectionProfiles::withoutPasswords(read.message) << "\n";
-        return kExitFailed;
-    }
-
-    const SchemaDrift drift = schemaDrift(whatARunLeaves(), found);
-    if (parser.isSet(QStringLiteral("json")))
-        printJson(context.out, choice->database, drift);
-    else
-        printReport(context.out, drift);
-    return drift.differences() == 0 ? kExitOk : kExitFailed;
+    const bool json = parser.isSet(QStringLiteral("json"));
+    if (!parser.isSet(QStringLiteral("all")))
+        return checkOne(parser, json, context);
+    const std::optional<QString> mode = checkedMode(parser, context);
+    return mode ? checkAll(parser, *mode, json, context) : kExitUsage;
 }

@@ -19,7 +19,10 @@ struct CommandContext
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
 };
 
-// Exit statuses of the command line.
+// Exit statuses of every command; with --all the most serious of the databases'.
 inline constexpr int kExitOk = 0;
-inline constexpr int kExitFailed = 1;
+inline constexpr int kExitDiffers = 1;     // check: the database differs from what a run leaves
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitFailures = 3;    // completed, but statements failed unexpectedly or a report was lost
+inline constexpr int kExitNothingDone = 4; // nothing could be applied or read
+inline constexpr int kExitInterrupted = 130;

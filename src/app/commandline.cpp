@@ -2,6 +2,8 @@
 
 #include "checkcommand.h"
 #include "listcommand.h"
+#include "printabletext.h"
+#include "programversion.h"
 #include "runcommand.h"
 #include "scriptcommand.h"
 
@@ -16,7 +18,21 @@ constexpr char kProgramHelp[] =
     "  run      run the maintenance on one database, with a summary and a report\n"
     "  check    list what a database lacks of what a run leaves; changes nothing\n"
     "\n"
-    "zrt COMMAND --help tells more of each; zrt --version prints the version.\n";
+    "zrt COMMAND --help tells more of each; zrt --version prints the version.\n"
+    "\n"
+    "Exit status, the same for every command:\n"
+    "  0    success (check: the database matches)\n"
+    "  1    check: the database differs\n"
+    "  2    bad usage\n"
+    "  3    completed, but statements failed unexpectedly or timed out, or a report\n"
+    "       could not be written\n"
+    "  4    nothing could be applied or read: no connection, no database\n"
+    "  130  interrupted\n"
+    "With --all, the most serious status of any database.\n"
+    "\n"
+    "Environment:\n"
+    "  ZRT_ODBC_DRIVER     the ODBC driver that reaches SQL Server (default FreeTDS)\n"
+    "  ZRT_ONLINE_SERVER   the host of the hosted server of ONLINE mode\n";
 
 } // namespace
 
@@ -37,9 +53,12 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         return kExitOk;
     }
     if (command == QLatin1String("--version")) {
-        context.out << "zrt " << ZRT_VERSION << "\n";
+        context.out << "zrt " << programVersion() << "\n";
         return kExitOk;
     }
-    context.err << "zrt: unknown command '" << command << "'\n\n" << kProgramHelp;
+    if (arguments.size() < 2)
+        context.err << "zrt: no display to open the window on; give a command\n\n" << kProgramHelp;
+    else
+        context.err << "zrt: unknown command '" << escapedControls(command) << "'\n\n" << kProgramHelp;
     return kExitUsage;
 }

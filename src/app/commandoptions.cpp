@@ -1,6 +1,26 @@
 #include "commandoptions.h"
 
 #include "connectionprofiles.h"
+#include "printabletext.h"
+#include "programversion.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+const QRegularExpression kOdbcPassword(QStringLiteral(R"((?:^|;)\s*PWD\s*=\s*(\{(?:[^}]|\}\})*\}|[^;]*))"),
+                                       QRegularExpression::CaseInsensitiveOption);
+
+// The password of an ODBC string as it stands there, and unbraced.
+QStringList odbcPassword(const QString &odbc)
+{
+    const QString value = kOdbcPassword.match(odbc).captured(1);
+    if (!value.startsWith(QLatin1Char('{')))
+        return {value};
+    return {value, value.mid(1, value.size() - 2).replace(QLatin1String("}}"), QLatin1String("}"))};
+}
+
+} // namespace
 
 std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QString &description,
                                 const QStringList &arguments, CommandContext &context)
@@ -10,7 +30,7 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
                                   QStringLiteral("Show this help."));
     parser.addOption(help);
     if (!parser.parse(QStringList{QLatin1String("zrt ") + command} + arguments)) {
-        context.err << "zrt " << command << ": " << parser.errorText() << "\n";
+        context.err << "zrt " << command << ": " << escapedControls(parser.errorText()) << "\n";
         return kExitUsage;
     }
     if (parser.isSet(help)) {
@@ -19,7 +39,8 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
         return kExitOk;
     }
     if (!parser.positionalArguments().isEmpty()) {
-        context.err << "zrt " << command << ": unexpected argument '" << parser.positionalArguments().first() << "'\n";
+        context.err << "zrt " << command << ": unexpected argument '"
+                    << escapedControls(parser.positionalArguments().first()) << "'\n";
         return kExitUsage;
     }
     return std::nullopt;
@@ -38,7 +59,7 @@ std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandCont
 {
     const std::optional<QString> mode = requiredValue(parser, QStringLiteral("mode"), context);
     if (mode && !ConnectionProfiles::prefix(*mode)) {
-        context.err << "zrt: unknown mode '" << *mode << "' (OFFLINE, LOCAL or ONLINE)\n";
+        context.err << "zrt: unknown mode '" << escapedControls(*mode) << "' (OFFLINE, LOCAL or ONLINE)\n";
         return std::nullopt;
     }
     return mode;
@@ -50,13 +71,41 @@ void addDatabaseOptions(QCommandLineParser &parser)
     parser.addOption({QStringLiteral("database"), QStringLiteral("The database."), QStringLiteral("NAME")});
     parser.addOption({QStringLiteral("server"), QStringLiteral("The server (default: the local default instance)."),
                       QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("odbc"), QStringLiteral("A complete ODBC connection string instead of a server."),
+    parser.addOption({QStringLiteral("odbc"),
+                      QStringLiteral("A complete ODBC connection string instead of a server (OFFLINE or LOCAL mode)."),
                       QStringLiteral("STRING")});
 }
 
 ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context)
 {
     return parser.isSet(QStringLiteral("odbc")) ? context.odbc(parser.value(QStringLiteral("odbc"))) : context.sqlServer;
+}
+
+QString targetName(const QCommandLineParser &parser)
+{
+    if (parser.isSet(QStringLiteral("odbc")))
+        return QLatin1String("ODBC ") + secretMask(parser)(parser.value(QStringLiteral("odbc")));
+    const QString server = parser.value(QStringLiteral("server"));
+    return server.isEmpty() ? QStringLiteral("the local default instance") : QLatin1String("server ") + server;
+}
+
+std::function<QString(QString)> secretMask(const QCommandLineParser &parser)
+{
+    const QStringList secrets = odbcPassword(parser.value(QStringLiteral("odbc")));
+    return [secrets](QString text) {
+        text = ConnectionProfiles::withoutPasswords(std::move(text));
+        for (const QString &secret : secrets) {
+            if (!secret.isEmpty())
+                text.replace(secret, QLatin1String("****"));
+        }
+        return text;
+    };
+}
+
+QString headerLine(const QString &command, const QString &subject, const QDateTime &started)
+{
+    return QStringLiteral("zrt %1 %2: %3, started %4\n")
+        .arg(programVersion(), command, escapedControls(subject), reportTime(started));
 }
 
 std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &parser, const QString &command,
@@ -76,5 +125,27 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
         context.err << "zrt " << command << ": give --server or --odbc, not both\n";
         return std::nullopt;
     }
+    // ONLINE opens only the hosted servers, whatever string it is given.
+    if (parser.isSet(QStringLiteral("odbc")) && *mode == QLatin1String(ConnectionProfiles::kOnline)) {
+        context.err << "zrt " << command << ": --odbc goes with --mode OFFLINE or LOCAL, not ONLINE\n";
+        return std::nullopt;
+    }
     return DatabaseChoice{*mode, *database, parser.value(QStringLiteral("server"))};
+}
+
+bool checkedForm(const QCommandLineParser &parser, const QString &command, const QStringList &oneOnly,
+                 const QStringList &allOnly, CommandContext &context)
+{
+    const bool all = parser.isSet(QStringLiteral("all"));
+    for (const QString &option : all ? oneOnly : allOnly) {
+        if (parser.isSet(option)) {
+            context.err << "zrt " << command << ": --" << option << (all ? " does not go with --all\n" : " goes with --all\n");
+            return false;
+        }
+    }
+    if (all && !parser.isSet(QStringLiteral("server"))) {
+        context.err << "zrt " << command << ": --all needs --server\n";
+        return false;
+    }
+    return true;
 }

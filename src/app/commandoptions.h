@@ -3,6 +3,7 @@
 #include "commandcontext.h"
 
 #include <QCommandLineParser>
+#include <QDateTime>
 
 #include <optional>
 
@@ -25,8 +26,24 @@ struct DatabaseChoice
 std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &parser, const QString &command,
                                                     CommandContext &context);
 
+// With --all: a --server and none of `oneOnly`; without it: none of `allOnly`.
+// Else a usage message.
+bool checkedForm(const QCommandLineParser &parser, const QString &command, const QStringList &oneOnly,
+                 const QStringList &allOnly, CommandContext &context);
+
 // The database's connections: --odbc's string for every open, else the servers'.
 ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context);
+
+// Where the database is, as headers and reports name it: the server, or the
+// --odbc string with its password masked.
+QString targetName(const QCommandLineParser &parser);
+
+// Masks the logins' passwords and the one --odbc carries.
+std::function<QString(QString)> secretMask(const QCommandLineParser &parser);
+
+// The first line of a command's output: the program's version, what it works
+// on and when it started.
+QString headerLine(const QString &command, const QString &subject, const QDateTime &started);
 
 // The mode's value when it is one of the three, else a usage message.
 std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandContext &context);

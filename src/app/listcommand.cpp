@@ -2,16 +2,22 @@
 
 #include "commandoptions.h"
 #include "databaselisting.h"
+#include "printabletext.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 int listCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("mode"), QStringLiteral("OFFLINE, LOCAL or ONLINE."), QStringLiteral("MODE")});
     parser.addOption({QStringLiteral("server"), QStringLiteral("The server to list."), QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of one name a line.")});
     if (const std::optional<int> exit = parseOptions(
             parser, QStringLiteral("list"),
-            QStringLiteral("zrt list --mode MODE --server NAME\n\nPrints the Quorvex databases of the server, one per "
-                           "line, as the window lists them."),
+            QStringLiteral("zrt list --mode MODE --server NAME [--json]\n\nPrints the Quorvex databases of the server, "
+                           "one per line, as the window lists them. Exit 4 when the server cannot be reached."),
             arguments, context))
         return *exit;
     const std::optional<QString> mode = checkedMode(parser, context);
@@ -19,11 +25,24 @@ int listCommand(const QStringList &arguments, CommandContext &context)
     if (!mode || !server)
         return kExitUsage;
 
-    const ListingOutcome outcome =
-        listDatabases(*mode, *server, context.sqlServer, [&](const QString &name) { context.out << name << "\n"; });
-    if (outcome.failed) {
+    const bool json = parser.isSet(QStringLiteral("json"));
+    QStringList names;
+    const ListingOutcome outcome = listDatabases(*mode, *server, context.sqlServer, [&](const QString &name) {
+        names << name;
+        if (!json)
+            context.out << escapedControls(name) << "\n";
+    });
+    const int status = outcome.failed ? kExitNothingDone : kExitOk;
+    if (json) {
+        QJsonObject document{{QStringLiteral("mode"), *mode},
+                             {QStringLiteral("server"), *server},
+                             {QStringLiteral("databases"), QJsonArray::fromStringList(names)},
+                             {QStringLiteral("exit"), status}};
+        if (outcome.failed)
+            document.insert(QStringLiteral("error"), QLatin1String(kConnectionNotEstablished));
+        context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
+    } else if (outcome.failed) {
         context.err << kConnectionNotEstablished << "\n";
-        return kExitFailed;
     }
-    return kExitOk;
+    return status;
 }

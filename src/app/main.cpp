@@ -13,15 +13,24 @@ namespace {
 
 std::atomic<bool> interrupted = false;
 
+// Somewhere for the window to appear: an X or Wayland display, or a platform
+// chosen outright (offscreen).
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("ZRT"));
-    if (argc < 2)
+    if (argc < 2 && hasDisplay())
         return runWindow(argc, argv);
 
-    // With a command the program runs headless: no display is needed.
+    // With a command the program runs headless: no display is needed. Without
+    // one and without a display it prints its usage.
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -1,137 +1,31 @@
 #include "runcommand.h"
 
-#include "allruns.h"
 #include "commandoptions.h"
-#include "connectionprofiles.h"
-#include "databaselisting.h"
-#include "databaserun.h"
+#include "exitstatus.h"
+#include "printabletext.h"
+#include "runallcommand.h"
 
-#include <QDir>
-#include <QRegularExpression>
+#include <QJsonDocument>
 #include <QSaveFile>
 
 namespace {
 
 constexpr char kDescription[] =
     "zrt run --mode MODE --database NAME [--server NAME | --odbc STRING]\n"
-    "        [--create-at FILEBASE] [--report FILE]\n"
-    "zrt run --all --mode MODE --server NAME [--jobs N] [--report-dir DIR]\n"
+    "        [--create-at FILEBASE] [--report FILE] [--json | --quiet | --verbose]\n"
+    "zrt run --all --mode MODE --server NAME [--jobs N] [--report-dir DIR] [--json]\n"
     "\n"
     "Runs the maintenance on one database, as the window does, and prints what\n"
-    "its statements did. ONLINE mode opens only on the servers QUORVEXMAIN and\n"
-    "SERVER. With --odbc every open, the fallback on tempdb included, uses the\n"
-    "given ODBC connection string. A database that cannot be opened is created\n"
-    "only with --create-at; otherwise nothing is sent and the exit status is 1.\n"
-    "With --all every database that the server lists is run, each on its own\n"
-    "connection; Ctrl-C starts no further run and stops the running ones after\n"
-    "their current statement.";
-
-// The password of an ODBC string, braced or not.
-QString odbcPassword(const QString &odbc)
-{
-    static const QRegularExpression pwd(QStringLiteral("(?:^|;)\\s*PWD\\s*=\\s*(\\{(?:[^}]|\\}\\})*\\}|[^;]*)"),
-                                        QRegularExpression::CaseInsensitiveOption);
-    QString value = pwd.match(odbc).captured(1);
-    if (value.startsWith(QLatin1Char('{')))
-        value = value.mid(1, value.size() - 2).replace(QLatin1String("}}"), QLatin1String("}"));
-    return value;
-}
-
-bool usageError(CommandContext &context, const char *message)
-{
-    context.err << "zrt run: " << message << "\n";
-    return false;
-}
-
-// The options that belong to one form of the command and not the other.
-bool checkCombination(const QCommandLineParser &parser, CommandContext &context)
-{
-    const auto set = [&parser](const char *name) { return parser.isSet(QLatin1String(name)); };
-    if (set("all")) {
-        if (set("database") || set("odbc") || set("create-at") || set("report"))
-            return usageError(context, "--all takes no --database, --odbc, --create-at or --report");
-        if (!set("server"))
-            return usageError(context, "--all needs --server");
-        return true;
-    }
-    if (set("jobs") || set("report-dir"))
-        return usageError(context, "--jobs and --report-dir go with --all");
-    return true;
-}
-
-QString outcomeName(const std::optional<DatabaseRunResult> &result)
-{
-    if (!result)
-        return QStringLiteral("not done");
-    switch (result->end) {
-    case RunEnd::Completed:
-        return QStringLiteral("completed");
-    case RunEnd::NotOpened:
-        return QStringLiteral("could not start");
-    case RunEnd::Stopped:
-        return QStringLiteral("interrupted");
-    }
-    Q_UNREACHABLE();
-}
-
-QString tableRow(const QString &database, const QString &outcome, const QString &failed, const QString &columns,
-                 const QString &seconds)
-{
-    return QStringLiteral("%1 %2 %3 %4 %5\n").arg(database, -30).arg(outcome, -16).arg(failed, 7).arg(columns, 8).arg(seconds, 8);
-}
-
-// One row per listed database, in the server's order.
-int printAllRuns(const AllRunsResult &all, CommandContext &context)
-{
-    context.out << tableRow(QStringLiteral("Database"), QStringLiteral("Outcome"), QStringLiteral("Failed"),
-                            QStringLiteral("Columns"), QStringLiteral("Seconds"));
-    bool allCompleted = true;
-    QStringList notDone;
-    for (qsizetype i = 0; i < all.databases.size(); ++i) {
-        const std::optional<DatabaseRunResult> &result = all.results[i];
-        const bool ran = result && result->end != RunEnd::NotOpened;
-        allCompleted = allCompleted && result && result->end == RunEnd::Completed;
-        if (!result || result->end == RunEnd::Stopped)
-            notDone << all.databases[i];
-        const QString none = QStringLiteral("-");
-        context.out << tableRow(all.databases[i], outcomeName(result),
-                                ran ? QString::number(result->tally.count(StatementResult::Failed)) : none,
-                                ran ? QString::number(result->tally.columnsAdded()) : none,
-                                result ? QString::number(result->seconds, 'f', 1) : none);
-    }
-    if (!notDone.isEmpty())
-        context.out << "Not done: " << notDone.join(QLatin1String(", ")) << "\n";
-    return allCompleted ? kExitOk : kExitFailed;
-}
-
-int runAll(const QCommandLineParser &parser, const QString &mode, CommandContext &context)
-{
-    AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer};
-    runs.mask = [](QString text) { return ConnectionProfiles::withoutPasswords(std::move(text)); };
-    runs.stop = context.stop;
-    if (parser.isSet(QStringLiteral("jobs"))) {
-        bool ok = false;
-        runs.jobs = parser.value(QStringLiteral("jobs")).toInt(&ok);
-        if (!ok || runs.jobs < 1) {
-            context.err << "zrt run: --jobs needs a whole number from 1 up, not '" << parser.value(QStringLiteral("jobs"))
-                        << "'\n";
-            return kExitUsage;
-        }
-    }
-    if (parser.isSet(QStringLiteral("report-dir"))) {
-        runs.reportDir = parser.value(QStringLiteral("report-dir"));
-        if (!QDir().mkpath(*runs.reportDir)) {
-            context.err << "zrt run: cannot make the folder " << *runs.reportDir << "\n";
-            return kExitUsage;
-        }
-    }
-    const AllRunsResult all = runAllDatabases(runs);
-    if (all.listingFailed) {
-        context.err << kConnectionNotEstablished << "\n";
-        return kExitFailed;
-    }
-    return printAllRuns(all, context);
-}
+    "its statements did, failures grouped by message. ONLINE mode opens only on\n"
+    "the servers QUORVEXMAIN and SERVER; on any other nothing is sent (exit 4).\n"
+    "With --odbc every open, the fallback on tempdb included, uses the given ODBC\n"
+    "connection string. A database that cannot be opened is created only with\n"
+    "--create-at; otherwise nothing is sent (exit 4). The run never goes on in\n"
+    "the fallback on tempdb. With --all every database that the server lists is\n"
+    "run, each on its own connection, with a line for each as it ends; Ctrl-C\n"
+    "starts no further run and stops the running ones after their current\n"
+    "statement. Exit 0 completed, 3 statements failed unexpectedly or timed out\n"
+    "or a report could not be written, 4 nothing could be applied, 130 interrupted.";
 
 // A bar on the terminal, redrawn in place.
 void drawProgress(QTextStream &err, int value, int maximum)
@@ -145,57 +39,87 @@ void drawProgress(QTextStream &err, int value, int maximum)
     err.flush();
 }
 
+QString outcomeLine(RunOutcome outcome, const StatementTally &tally, bool reported)
+{
+    switch (outcome) {
+    case RunOutcome::Completed:
+        return QStringLiteral("completed: %1 statements, none failed unexpectedly").arg(tally.sent());
+    case RunOutcome::CompletedWithFailures:
+        return QStringLiteral("completed with failures: %1 of %2 statements failed unexpectedly or timed out")
+            .arg(tally.unexpected())
+            .arg(tally.sent());
+    case RunOutcome::NothingApplied:
+        return QStringLiteral("nothing applied: none of %1 statements succeeded").arg(tally.sent());
+    case RunOutcome::Interrupted:
+        return QStringLiteral("interrupted after %1 statements%2")
+            .arg(tally.sent())
+            .arg(reported ? QStringLiteral("; the report is kept, marked incomplete") : QString());
+    default:
+        return outcomeName(outcome);
+    }
+}
+
 int runOne(const QCommandLineParser &parser, CommandContext &context)
 {
     const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("run"), context);
     if (!choice)
         return kExitUsage;
-    // Written whole at the end, or not at all.
+    // Written whole when the run ends, or not at all.
     std::optional<QSaveFile> report;
     if (parser.isSet(QStringLiteral("report"))) {
         report.emplace(parser.value(QStringLiteral("report")));
         if (!report->open(QIODevice::WriteOnly)) {
-            context.err << "zrt run: cannot write " << report->fileName() << ": " << report->errorString() << "\n";
+            context.err << "zrt run: cannot write " << escapedControls(report->fileName()) << ": "
+                        << report->errorString() << "\n";
             return kExitUsage;
         }
     }
+    const bool json = parser.isSet(QStringLiteral("json"));
+    const bool quiet = parser.isSet(QStringLiteral("quiet"));
 
-    const QString odbcSecret = odbcPassword(parser.value(QStringLiteral("odbc")));
-    DatabaseRun run;
-    run.mode = choice->mode;
-    run.server = choice->server;
-    run.database = choice->database;
-    run.connections = chosenConnections(parser, context);
+    DatabaseRun run{choice->mode, choice->server, choice->database, targetName(parser),
+                    chosenConnections(parser, context)};
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
-    run.mask = [odbcSecret](QString text) {
-        text = ConnectionProfiles::withoutPasswords(std::move(text));
-        return odbcSecret.isEmpty() ? text : text.replace(odbcSecret, QLatin1String("****"));
-    };
-    if (context.terminal)
+    run.mask = secretMask(parser);
+    if (context.terminal && !json && !quiet)
         run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
     run.stop = context.stop;
 
+    const QDateTime started = QDateTime::currentDateTime();
+    if (!json) {
+        context.out << headerLine(QStringLiteral("run"),
+                                  QStringLiteral("database '%1', %2, mode %3").arg(run.database, run.target, run.mode),
+                                  started);
+        context.out.flush();
+    }
     const DatabaseRunResult result = runDatabase(run);
-    if (context.terminal)
+    const RunOutcome outcome = outcomeOf(result);
+    const int status = withLostReport(exitStatusOf(outcome), !result.reportError.isEmpty());
+    if (json) {
+        QJsonObject document = runContext(run, result.started);
+        const QJsonObject details = runJson(result);
+        for (auto it = details.begin(); it != details.end(); ++it)
+            document.insert(it.key(), it.value());
+        document.insert(QStringLiteral("exit"), status);
+        context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
+        return status;
+    }
+    if (run.progress)
         context.err << "\n";
-    if (result.end != RunEnd::Completed) {
-        if (report)
-            report->cancelWriting();
-        if (result.end == RunEnd::Stopped)
-            context.err << "zrt run: interrupted after " << result.tally.sent() << " statements\n";
-        else
-            context.err << "zrt run: cannot open the database '" << choice->database
-                        << "'; give --create-at FILEBASE to create it\n";
-        return kExitFailed;
+    if (outcome == RunOutcome::CouldNotStart) {
+        const bool creatable = !run.createAt && result.reason.startsWith(QLatin1String("cannot open the database"));
+        context.err << "zrt run: could not start: " << escapedControls(result.reason)
+                    << (creatable ? "; give --create-at FILEBASE to create it" : "") << "\n";
+    } else {
+        if (!quiet)
+            context.out << result.tally.summary(parser.isSet(QStringLiteral("verbose")), run.report);
+        context.out << outcomeLine(outcome, result.tally, run.report) << "\n";
     }
-    context.out << result.tally.summary();
-    if (report && !report->commit()) {
-        context.err << "zrt run: cannot write " << report->fileName() << ": " << report->errorString() << "\n";
-        return kExitFailed;
-    }
-    return kExitOk;
+    if (!result.reportError.isEmpty())
+        context.err << "zrt run: " << escapedControls(result.reportError) << "\n";
+    return status;
 }
 
 } // namespace
@@ -208,20 +132,32 @@ int runCommand(const QStringList &arguments, CommandContext &context)
                       QStringLiteral("Create a database that cannot be opened, with its files at FILEBASE.mdf and "
                                      "FILEBASE_Log.ldf, named after FILEBASE's file name."),
                       QStringLiteral("FILEBASE")});
-    parser.addOption({QStringLiteral("report"), QStringLiteral("Write one JSON object per statement to FILE."),
+    parser.addOption({QStringLiteral("report"),
+                      QStringLiteral("Write the run's context, one JSON object per statement and its end to FILE."),
                       QStringLiteral("FILE")});
+    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of text.")});
+    parser.addOption({QStringLiteral("quiet"), QStringLiteral("Print only the header, the outcome and errors.")});
+    parser.addOption({QStringLiteral("verbose"), QStringLiteral("List every failure, not the first 20 messages.")});
     parser.addOption({QStringLiteral("all"), QStringLiteral("Run every database that the server lists.")});
     parser.addOption({QStringLiteral("jobs"), QStringLiteral("With --all: at most N runs at once (default 4)."),
                       QStringLiteral("N")});
-    parser.addOption({QStringLiteral("report-dir"), QStringLiteral("With --all: one report per database in DIR."),
+    parser.addOption({QStringLiteral("report-dir"),
+                      QStringLiteral("With --all: one report per database, index.json and index.html in DIR."),
                       QStringLiteral("DIR")});
     if (const std::optional<int> exit =
             parseOptions(parser, QStringLiteral("run"), QString::fromLatin1(kDescription), arguments, context))
         return *exit;
-    if (!checkCombination(parser, context))
+    if (int(parser.isSet(QStringLiteral("json"))) + int(parser.isSet(QStringLiteral("quiet")))
+            + int(parser.isSet(QStringLiteral("verbose")))
+        > 1) {
+        context.err << "zrt run: give one of --json, --quiet and --verbose\n";
+        return kExitUsage;
+    }
+    if (!checkedForm(parser, QStringLiteral("run"), {"database", "odbc", "create-at", "report", "quiet", "verbose"},
+                     {"jobs", "report-dir"}, context))
         return kExitUsage;
     if (!parser.isSet(QStringLiteral("all")))
         return runOne(parser, context);
     const std::optional<QString> mode = checkedMode(parser, context);
-    return mode ? runAll(parser, *mode, context) : kExitUsage;
+    return mode ? runAllCommand(parser, *mode, context) : kExitUsage;
 }

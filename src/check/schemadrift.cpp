@@ -1,5 +1,7 @@
 #include "schemadrift.h"
 
+#include "viewsources.h"
+
 namespace {
 
 template<typename Named>
@@ -41,6 +43,14 @@ void compareColumns(const SchemaTable &expected, const SchemaTable &found, Schem
     }
 }
 
+QStringList tableNames(const QList<SchemaTable> &tables)
+{
+    QStringList names;
+    for (const SchemaTable &table : tables)
+        names << table.name;
+    return names;
+}
+
 QStringList namesMissingFrom(const QStringList &names, const QStringList &in)
 {
     QStringList missing;
@@ -66,7 +76,13 @@ SchemaDrift schemaDrift(const DatabaseSchema &expected, const DatabaseSchema &fo
         if (!findNamed(expected.tables, table.name))
             drift.extraTables << table.name;
     }
-    drift.missingViews = namesMissingFrom(expected.views, found.views);
+    for (const QString &view : namesMissingFrom(expected.views, found.views)) {
+        const QStringList lacking = namesMissingFrom(tablesNoRunCreates(view), tableNames(found.tables));
+        if (lacking.isEmpty())
+            drift.missingViews << view;
+        else
+            drift.uninstallableViews << UninstallableView{view, lacking};
+    }
     drift.extraViews = namesMissingFrom(found.views, expected.views);
     return drift;
 }

@@ -12,6 +12,14 @@ struct ColumnFinding
     QString found;
 };
 
+// A view the database cannot hold: it reads tables that no run creates and
+// that the database lacks.
+struct UninstallableView
+{
+    QString view;
+    QStringList missingTables;
+};
+
 // How a database departs from what the run leaves. Only what is missing or
 // differs counts; what the database holds beyond that is left alone.
 struct SchemaDrift
@@ -20,6 +28,7 @@ struct SchemaDrift
     QList<ColumnFinding> missingColumns; // of the tables that are there
     QList<ColumnFinding> differingColumns;
     QStringList missingViews;
+    QList<UninstallableView> uninstallableViews; // missing, and no difference
     QStringList extraTables;
     QList<ColumnFinding> extraColumns; // of the expected tables
     QStringList extraViews;

@@ -39,6 +39,8 @@ RunEnd MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
         m_module.SharedConnection().close();
         m_module.OpenConnection(choice.mode, choice.server, choice.database);
     }
+    if (!m_host.goOnAfterOpening())
+        return RunEnd::NotOpened;
 
     if (!walk(steps))
         return RunEnd::Stopped;

@@ -18,7 +18,7 @@ struct RunChoice
 
 enum class RunEnd {
     Completed,
-    NotOpened, // the database could not be opened and the host chose no file
+    NotOpened, // the database could not be opened and the host chose no file, or would not go on
     Stopped,   // the host asked to stop between two statements
 };
 

@@ -43,6 +43,10 @@ public:
     virtual std::optional<DatabaseFile> chooseDatabaseFile() = 0;
     virtual void hideProcessButton() = 0;
     virtual void showEndButton() = 0;
+    // Asked once the database is opened, or created and opened again: a host
+    // may end the run there rather than send it to a connection that serves
+    // another database or none. The window always goes on.
+    virtual bool goOnAfterOpening() { return true; }
     virtual void statementExecuted(const StatementOutcome &) {}
     // Asked before each statement; the window never stops a run.
     virtual bool stopRequested() const { return false; }

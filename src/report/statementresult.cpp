@@ -1,11 +1,16 @@
 #include "statementresult.h"
 
+#include "viewsources.h"
+
+#include <QRegularExpression>
+
 namespace {
 
 constexpr int kObjectExists = 2714;
 constexpr int kColumnExists = 2705;
 constexpr int kDatabaseExists = 1801;
 constexpr int kCannotDropMissing = 3701;
+constexpr int kInvalidObjectName = 208;
 
 bool isDrop(Action action)
 {
@@ -14,10 +19,32 @@ bool isDrop(Action action)
 
 } // namespace
 
+QString missingSourceTable(const StatementOutcome &outcome)
+{
+    const QString &message = outcome.status.message;
+    if (outcome.status.ok || outcome.action != Action::CreateView
+        || (outcome.status.nativeError != kInvalidObjectName && !message.contains(QLatin1String("no such table"))))
+        return QString();
+    for (const QString &table : tablesNoRunCreates(createdViewName(outcome.text))) {
+        if (message.contains(table, Qt::CaseInsensitive))
+            return table;
+    }
+    return QString();
+}
+
+QString createdViewName(const QString &definition)
+{
+    static const QRegularExpression name(QStringLiteral(R"(^CREATE VIEW\s+(?:\[?dbo\]?\.)?\[?(\w+))"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    return name.match(definition).captured(1);
+}
+
 StatementResult classify(const StatementOutcome &outcome)
 {
     if (outcome.status.ok)
         return StatementResult::Succeeded;
+    if (outcome.status.timedOut)
+        return StatementResult::TimedOut;
     const int number = outcome.status.nativeError;
     const QString &message = outcome.status.message;
     if (number == kObjectExists || number == kColumnExists || number == kDatabaseExists
@@ -27,6 +54,8 @@ StatementResult classify(const StatementOutcome &outcome)
         && (number == kCannotDropMissing || message.contains(QLatin1String("no such table"))
             || message.contains(QLatin1String("no such view"))))
         return StatementResult::NotThereToDrop;
+    if (!missingSourceTable(outcome).isEmpty())
+        return StatementResult::SourceTableMissing;
     return StatementResult::Failed;
 }
 
@@ -39,6 +68,10 @@ QString resultName(StatementResult result)
         return QStringLiteral("already existed");
     case StatementResult::NotThereToDrop:
         return QStringLiteral("not there to drop");
+    case StatementResult::SourceTableMissing:
+        return QStringLiteral("source table missing");
+    case StatementResult::TimedOut:
+        return QStringLiteral("timed out");
     case StatementResult::Failed:
         return QStringLiteral("failed");
     }

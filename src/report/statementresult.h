@@ -4,13 +4,28 @@
 
 #include <QString>
 
-enum class StatementResult { Succeeded, AlreadyExisted, NotThereToDrop, Failed };
+enum class StatementResult { Succeeded, AlreadyExisted, NotThereToDrop, SourceTableMissing, TimedOut, Failed };
+inline constexpr int kStatementResults = int(StatementResult::Failed) + 1;
 
-// Tells an expected refusal (the object is already there, or not there to
-// drop) from a real failure, by SQL Server's error numbers, or by the SQLite
-// driver's messages where the run is tried out on SQLite.
+// Tells an expected refusal (the object is already there, not there to drop,
+// or a view's source table that no run creates is missing) from a real
+// failure, by SQL Server's error numbers, or by the SQLite driver's messages
+// where the run is tried out on SQLite. A statement past its time is its own kind.
 StatementResult classify(const StatementOutcome &outcome);
 QString resultName(StatementResult result);
+
+// Failed and timed-out statements: what the run did not expect.
+inline bool isUnexpected(StatementResult result)
+{
+    return result == StatementResult::TimedOut || result == StatementResult::Failed;
+}
+
+// The table whose absence refused a view, as the server named it; empty for
+// any other outcome.
+QString missingSourceTable(const StatementOutcome &outcome);
+
+// The view a CREATE VIEW text makes.
+QString createdViewName(const QString &definition);
 
 // The phase as reports name it.
 QString phaseName(Phase phase);

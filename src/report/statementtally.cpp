@@ -1,15 +1,14 @@
 #include "statementtally.h"
 
-#include <QRegularExpression>
+#include "printabletext.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
 
 namespace {
 
-QString viewName(const QString &definition)
-{
-    static const QRegularExpression name(QStringLiteral("^CREATE VIEW\\s+(?:\\[?dbo\\]?\\.)?\\[?(\\w+)"),
-                                         QRegularExpression::CaseInsensitiveOption);
-    return name.match(definition).captured(1);
-}
+constexpr int kShownMessages = 20;
 
 QString firstLine(const QString &text, int width)
 {
@@ -24,10 +23,18 @@ void StatementTally::add(const StatementOutcome &outcome)
     ++m_sent;
     const StatementResult result = classify(outcome);
     ++m_byResult[int(result)];
-    if (result == StatementResult::Failed) {
-        m_failures.append({m_sent, outcome});
+    if (result == StatementResult::SourceTableMissing)
+        m_missingSources.append({createdViewName(outcome.text), missingSourceTable(outcome)});
+    if (isUnexpected(result)) {
+        const QString message = result == StatementResult::TimedOut
+            ? QLatin1String("timed out: ") + outcome.status.message : outcome.status.message;
+        if (!m_groupOf.contains(message)) {
+            m_groupOf.insert(message, m_groups.size());
+            m_groups.append({message, {}});
+        }
+        m_groups[m_groupOf.value(message)].statements.append({m_sent, outcome.phase, outcome.text});
         if (outcome.action == Action::CreateView)
-            m_viewsFailed << viewName(outcome.text);
+            ++m_viewsFailed;
     }
     if (result != StatementResult::Succeeded)
         return;
@@ -49,32 +56,87 @@ void StatementTally::add(const StatementOutcome &outcome)
     }
 }
 
-QString StatementTally::summary() const
+QList<FailureGroup> StatementTally::failureGroups() const
+{
+    QList<FailureGroup> groups = m_groups;
+    std::stable_sort(groups.begin(), groups.end(), [](const FailureGroup &a, const FailureGroup &b) {
+        return a.statements.size() > b.statements.size();
+    });
+    return groups;
+}
+
+QString StatementTally::summary(bool verbose, bool reported) const
 {
     QString text;
-    const auto line = [&text](const QString &label, const QString &value) {
-        text += label.leftJustified(34, QLatin1Char(' ')) + value + QLatin1Char('\n');
+    const auto line = [&text](const QString &label, int value) {
+        text += label.leftJustified(34, QLatin1Char(' ')) + QString::number(value) + QLatin1Char('\n');
     };
-    line(QStringLiteral("Statements sent:"), QString::number(m_sent));
-    line(QStringLiteral("  succeeded:"), QString::number(count(StatementResult::Succeeded)));
-    line(QStringLiteral("  refused, already existed:"), QString::number(count(StatementResult::AlreadyExisted)));
-    line(QStringLiteral("  refused, not there to drop:"), QString::number(count(StatementResult::NotThereToDrop)));
-    line(QStringLiteral("  failed for another reason:"), QString::number(count(StatementResult::Failed)));
-    line(QStringLiteral("Columns added:"), QString::number(m_columnsAdded));
-    line(QStringLiteral("Views created:"), QString::number(m_viewsCreated));
-    line(QStringLiteral("Views failed:"),
-         QString::number(m_viewsFailed.size())
-             + (m_viewsFailed.isEmpty() ? QString() : QLatin1String(" (") + m_viewsFailed.join(QLatin1String(", ")) + QLatin1Char(')')));
-    line(QStringLiteral("Built-in rows written:"), QString::number(m_builtInRows));
-    line(QStringLiteral("Accounts written:"), QString::number(m_accounts));
-    if (!m_failures.isEmpty()) {
-        text += QLatin1String("Failures:\n");
-        for (const Failure &failure : m_failures) {
-            text += QStringLiteral("  #%1 [%2] %3\n      %4\n")
-                        .arg(failure.index)
-                        .arg(phaseName(failure.outcome.phase), firstLine(failure.outcome.text, 100),
-                             failure.outcome.status.message);
-        }
+    line(QStringLiteral("Statements sent:"), m_sent);
+    line(QStringLiteral("  succeeded:"), count(StatementResult::Succeeded));
+    line(QStringLiteral("  refused, already existed:"), count(StatementResult::AlreadyExisted));
+    line(QStringLiteral("  refused, not there to drop:"), count(StatementResult::NotThereToDrop));
+    line(QStringLiteral("  refused, source table missing:"), count(StatementResult::SourceTableMissing));
+    line(QStringLiteral("  timed out:"), count(StatementResult::TimedOut));
+    line(QStringLiteral("  failed for another reason:"), count(StatementResult::Failed));
+    line(QStringLiteral("Columns added:"), m_columnsAdded);
+    line(QStringLiteral("Views created:"), m_viewsCreated);
+    line(QStringLiteral("Views failed:"), m_viewsFailed);
+    line(QStringLiteral("Built-in rows written:"), m_builtInRows);
+    line(QStringLiteral("Accounts written:"), m_accounts);
+    for (const MissingSource &missing : m_missingSources)
+        text += QStringLiteral("Not installable here: view %1 (source table missing: %2)\n").arg(missing.view, missing.table);
+    if (m_groups.isEmpty())
+        return text;
+
+    text += QStringLiteral("Failures by message: %1 %2, %3 %4\n")
+                .arg(m_groups.size())
+                .arg(m_groups.size() == 1 ? "message" : "messages")
+                .arg(unexpected())
+                .arg(unexpected() == 1 ? "statement" : "statements");
+    const QList<FailureGroup> groups = failureGroups();
+    const qsizetype shown = verbose ? groups.size() : std::min<qsizetype>(groups.size(), kShownMessages);
+    for (qsizetype i = 0; i < shown; ++i) {
+        const FailureGroup &group = groups[i];
+        text += QStringLiteral("%1  %2\n").arg(group.statements.size(), 6).arg(escapedControls(group.message));
+        for (const FailureGroup::Statement &statement : group.statements.first(verbose ? group.statements.size() : 1))
+            text += QStringLiteral("        #%1 [%2] %3\n")
+                        .arg(statement.index)
+                        .arg(phaseName(statement.phase), escapedControls(firstLine(statement.text, 100)));
+    }
+    if (shown < groups.size()) {
+        int statements = 0;
+        for (qsizetype i = shown; i < groups.size(); ++i)
+            statements += int(groups[i].statements.size());
+        text += QStringLiteral("%1 more messages (%2 statements) %3\n")
+                    .arg(groups.size() - shown)
+                    .arg(statements)
+                    .arg(reported ? QStringLiteral("in the report") : QStringLiteral("with --verbose"));
     }
     return text;
+}
+
+QJsonObject StatementTally::json() const
+{
+    QJsonObject counts{{QStringLiteral("sent"), m_sent},
+                       {QStringLiteral("columns added"), m_columnsAdded},
+                       {QStringLiteral("views created"), m_viewsCreated},
+                       {QStringLiteral("built-in rows written"), m_builtInRows},
+                       {QStringLiteral("accounts written"), m_accounts}};
+    for (int result = 0; result < kStatementResults; ++result)
+        counts.insert(resultName(StatementResult(result)), m_byResult[result]);
+    QJsonArray failures;
+    for (const FailureGroup &group : failureGroups()) {
+        QJsonArray indexes;
+        for (const FailureGroup::Statement &statement : group.statements)
+            indexes.append(statement.index);
+        failures.append(QJsonObject{{QStringLiteral("message"), group.message},
+                                    {QStringLiteral("count"), indexes.size()},
+                                    {QStringLiteral("statements"), indexes}});
+    }
+    QJsonArray missing;
+    for (const MissingSource &source : m_missingSources)
+        missing.append(QJsonObject{{QStringLiteral("view"), source.view}, {QStringLiteral("table"), source.table}});
+    return {{QStringLiteral("counts"), counts},
+            {QStringLiteral("failures"), failures},
+            {QStringLiteral("sourceTablesMissing"), missing}};
 }

@@ -2,9 +2,30 @@
 
 #include "statementresult.h"
 
+#include <QHash>
+#include <QJsonObject>
 #include <QList>
 #include <QString>
-#include <QStringList>
+
+// The unexpected failures that share one message, in run order.
+struct FailureGroup
+{
+    struct Statement
+    {
+        int index; // from 1, as the report numbers it
+        Phase phase;
+        QString text;
+    };
+    QString message; // a timed-out statement's marked as such
+    QList<Statement> statements;
+};
+
+// A view refused because a table it reads is missing.
+struct MissingSource
+{
+    QString view;
+    QString table;
+};
 
 // Counts what a run did, statement by statement.
 class StatementTally
@@ -14,23 +35,27 @@ public:
 
     int sent() const { return m_sent; }
     int count(StatementResult result) const { return m_byResult[int(result)]; }
+    int unexpected() const { return count(StatementResult::TimedOut) + count(StatementResult::Failed); }
     int columnsAdded() const { return m_columnsAdded; }
 
-    QString summary() const;
+    // The most frequent message first; equal counts in the order they came.
+    QList<FailureGroup> failureGroups() const;
+
+    // Counts, then the failures by message: `verbose` shows every message and
+    // every statement, else the first 20 messages with one statement each.
+    QString summary(bool verbose, bool reported) const;
+    // Counts, failures by message and the views refused for a missing table.
+    QJsonObject json() const;
 
 private:
-    struct Failure
-    {
-        int index;
-        StatementOutcome outcome;
-    };
-
     int m_sent = 0;
-    int m_byResult[4] = {};
+    int m_byResult[kStatementResults] = {};
     int m_columnsAdded = 0;
     int m_viewsCreated = 0;
-    QStringList m_viewsFailed;
+    int m_viewsFailed = 0;
     int m_builtInRows = 0;
     int m_accounts = 0;
-    QList<Failure> m_failures;
+    QList<FailureGroup> m_groups;
+    QHash<QString, qsizetype> m_groupOf; // message -> its place in m_groups
+    QList<MissingSource> m_missingSources;
 };

@@ -1,37 +1,55 @@
 #include "allruns.h"
 
 #include "databaselisting.h"
+#include "fleetindex.h"
 
 #include <QDir>
+#include <QJsonDocument>
+#include <QMutex>
 #include <QSaveFile>
 
 #include <thread>
 
 namespace {
 
-QString reportName(const QString &database)
+constexpr qsizetype kNameCharacters = 60; // a file name's 255 bytes hold them in UTF-8
+
+// A report's file name, its own for every place in the listing; the name's
+// letters, digits and hyphens kept, the rest made '_'.
+QString reportFileName(qsizetype position, const QString &database)
 {
-    QString name = database;
+    QString name = database.left(kNameCharacters);
     for (QChar &c : name) {
-        if (!c.isLetterOrNumber() && c != QLatin1Char('_') && c != QLatin1Char('-') && c != QLatin1Char('.'))
-            c = QLatin1Char('_');
+        if (!c.isLetterOrNumber() && c != u'-')
+            c = u'_';
     }
-    return name + QLatin1String(".jsonl");
+    return QStringLiteral("%1-%2.jsonl").arg(position + 1, 3, 10, QLatin1Char('0')).arg(name);
 }
 
-DatabaseRunResult runOne(const AllRuns &runs, const QString &database)
+DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QString &reportFile)
 {
-    DatabaseRun run{runs.mode, runs.server, database, runs.connections, std::nullopt, nullptr, runs.mask, {}, runs.stop};
+    DatabaseRun run{runs.mode, runs.server, database, QLatin1String("server ") + runs.server, runs.connections,
+                    std::nullopt, nullptr, runs.mask, {}, runs.stop};
     std::optional<QSaveFile> report;
+    QString openError;
     if (runs.reportDir) {
-        report.emplace(QDir(*runs.reportDir).filePath(reportName(database)));
+        report.emplace(QDir(*runs.reportDir).filePath(reportFile));
         if (report->open(QIODevice::WriteOnly))
             run.report = &*report;
+        else
+            openError = QStringLiteral("cannot write %1: %2").arg(report->fileName(), report->errorString());
     }
     DatabaseRunResult result = runDatabase(run);
-    if (run.report && result.end == RunEnd::Completed)
-        report->commit();
+    if (!openError.isEmpty())
+        result.reportError = openError;
     return result;
+}
+
+void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
 }
 
 } // namespace
@@ -39,6 +57,7 @@ DatabaseRunResult runOne(const AllRuns &runs, const QString &database)
 AllRunsResult runAllDatabases(const AllRuns &runs)
 {
     AllRunsResult all;
+    all.started = QDateTime::currentDateTime();
     all.listingFailed = listDatabases(runs.mode, runs.server, runs.connections,
                                       [&all](const QString &name) { all.databases << name; })
                             .failed;
@@ -46,12 +65,19 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
         return all;
 
     all.results.resize(all.databases.size());
+    for (qsizetype i = 0; i < all.databases.size(); ++i)
+        all.reportFiles << reportFileName(i, all.databases[i]);
     std::atomic<qsizetype> next = 0;
+    QMutex telling;
     const auto work = [&] {
         for (qsizetype i = next++; i < all.databases.size(); i = next++) {
             if (runs.stop && runs.stop->load())
                 return;
-            all.results[i] = runOne(runs, all.databases[i]);
+            DatabaseRunResult result = runOne(runs, all.databases[i], all.reportFiles[i]);
+            QMutexLocker lock(&telling);
+            if (runs.finished)
+                runs.finished(all.databases[i], result);
+            all.results[i] = std::move(result);
         }
     };
     std::vector<std::thread> workers;
@@ -59,5 +85,12 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
         workers.emplace_back(work);
     for (std::thread &worker : workers)
         worker.join();
+
+    if (runs.reportDir) {
+        const QDir folder(*runs.reportDir);
+        const QJsonObject index = fleetIndex(runs, all);
+        writeWhole(folder.filePath(QStringLiteral("index.json")), QJsonDocument(index).toJson(), all.indexErrors);
+        writeWhole(folder.filePath(QStringLiteral("index.html")), fleetPage(index), all.indexErrors);
+    }
     return all;
 }

@@ -1,12 +1,15 @@
 #include "databaserun.h"
 
 #include "mdzrt.h"
+#include "openwatch.h"
+#include "printabletext.h"
+#include "programversion.h"
 #include "reportline.h"
 #include "runplan.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QIODevice>
+#include <QSaveFile>
 
 namespace {
 
@@ -15,12 +18,15 @@ namespace {
 class HeadlessHost : public HeadlessRunHost
 {
 public:
-    explicit HeadlessHost(const DatabaseRun &run)
+    HeadlessHost(const DatabaseRun &run, mdZRT &module, const OpenWatch &watch)
         : m_run(run)
+        , m_module(module)
+        , m_watch(watch)
     {
     }
 
     const StatementTally &tally() const { return m_tally; }
+    QString whyNotOpen() const { return m_watch.whyNotOpen(m_module, m_run.database); }
 
     void setProgressMaximum(int maximum) override { m_maximum = maximum; }
     void setProgress(int value) override
@@ -34,6 +40,8 @@ public:
             return std::nullopt;
         return DatabaseFile{*m_run.createAt, QFileInfo(*m_run.createAt).fileName()};
     }
+    // Never into the fallback on tempdb, nor into a connection never opened.
+    bool goOnAfterOpening() override { return whyNotOpen().isEmpty(); }
     void statementExecuted(const StatementOutcome &outcome) override
     {
         StatementOutcome masked = outcome;
@@ -41,28 +49,112 @@ public:
             masked.status.message = m_run.mask(outcome.status.message);
         m_tally.add(masked);
         if (m_run.report)
-            m_run.report->write(reportLine(m_tally.sent(), masked));
+            m_run.report->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
     }
     bool stopRequested() const override { return m_run.stop && m_run.stop->load(); }
 
 private:
     const DatabaseRun &m_run;
+    mdZRT &m_module;
+    const OpenWatch &m_watch;
     StatementTally m_tally;
     int m_maximum = 0;
 };
 
 } // namespace
 
+RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result)
+{
+    if (!result)
+        return RunOutcome::NotDone;
+    switch (result->end) {
+    case RunEnd::NotOpened:
+        return RunOutcome::CouldNotStart;
+    case RunEnd::Stopped:
+        return RunOutcome::Interrupted;
+    case RunEnd::Completed:
+        break;
+    }
+    const StatementTally &tally = result->tally;
+    if (tally.unexpected() == 0)
+        return RunOutcome::Completed;
+    return tally.count(StatementResult::Succeeded) == 0 ? RunOutcome::NothingApplied : RunOutcome::CompletedWithFailures;
+}
+
+QString outcomeName(RunOutcome outcome)
+{
+    switch (outcome) {
+    case RunOutcome::Completed:
+        return QStringLiteral("completed");
+    case RunOutcome::CompletedWithFailures:
+        return QStringLiteral("completed with failures");
+    case RunOutcome::NothingApplied:
+        return QStringLiteral("nothing applied");
+    case RunOutcome::CouldNotStart:
+        return QStringLiteral("could not start");
+    case RunOutcome::Interrupted:
+        return QStringLiteral("interrupted");
+    case RunOutcome::NotDone:
+        return QStringLiteral("not done");
+    }
+    Q_UNREACHABLE();
+}
+
+QJsonObject runContext(const DatabaseRun &run, const QDateTime &started)
+{
+    return {{QStringLiteral("program"), QStringLiteral("zrt")},
+            {QStringLiteral("version"), programVersion()},
+            {QStringLiteral("database"), run.database},
+            {QStringLiteral("mode"), run.mode},
+            {QStringLiteral("target"), run.target},
+            {QStringLiteral("started"), reportTime(started)}};
+}
+
+QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
+{
+    QJsonObject json{{QStringLiteral("outcome"), outcomeName(outcomeOf(result))}};
+    if (!result)
+        return json;
+    json.insert(QStringLiteral("started"), reportTime(result->started));
+    json.insert(QStringLiteral("seconds"), result->seconds);
+    if (!result->reason.isEmpty())
+        json.insert(QStringLiteral("reason"), result->reason);
+    if (!result->reportError.isEmpty())
+        json.insert(QStringLiteral("reportError"), result->reportError);
+    const QJsonObject tally = result->tally.json();
+    for (auto it = tally.begin(); it != tally.end(); ++it)
+        json.insert(it.key(), it.value());
+    return json;
+}
+
 DatabaseRunResult runDatabase(const DatabaseRun &run)
 {
     QElapsedTimer timer;
     timer.start();
-    mdZRT module(run.connections, run.server);
-    HeadlessHost host(run);
-    CheckRecordsets recordsets;
     DatabaseRunResult result;
+    result.started = QDateTime::currentDateTime();
+    if (run.report)
+        run.report->write(jsonLine(runContext(run, result.started)));
+
+    const OpenWatch watch(run.connections);
+    mdZRT module(watch.connections(), run.server);
+    HeadlessHost host(run, module, watch);
+    CheckRecordsets recordsets;
     result.end = MaintenanceRun(module, host, recordsets).run({run.mode, run.server, run.database}, maintenanceSteps());
     result.tally = host.tally();
+    if (result.end == RunEnd::NotOpened)
+        result.reason = run.mask ? run.mask(host.whyNotOpen()) : host.whyNotOpen();
     result.seconds = double(timer.nsecsElapsed()) / 1e9;
+
+    if (run.report) {
+        QJsonObject end = runJson(result);
+        end.insert(QStringLiteral("complete"), result.end == RunEnd::Completed);
+        end.insert(QStringLiteral("finished"), reportTime(QDateTime::currentDateTime()));
+        for (const char *detail : {"failures", "sourceTablesMissing"})
+            end.remove(QLatin1String(detail)); // the statement lines hold them
+        run.report->write(jsonLine(end));
+        if (!run.report->commit())
+            result.reportError = QStringLiteral("cannot write %1: %2").arg(run.report->fileName(), run.report->errorString());
+    }
     return result;
 }

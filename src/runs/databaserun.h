@@ -4,11 +4,14 @@
 #include "maintenancerun.h"
 #include "statementtally.h"
 
+#include <QDateTime>
+#include <QJsonObject>
+
 #include <atomic>
 #include <functional>
 #include <optional>
 
-class QIODevice;
+class QSaveFile;
 
 // One database's run without a window.
 struct DatabaseRun
@@ -16,9 +19,12 @@ struct DatabaseRun
     QString mode;
     QString server; // the data source; empty: the local default instance
     QString database;
+    QString target; // where, as headers and reports name it, without secrets
     ConnectionFactory connections;
     std::optional<QString> createAt; // without it a database that cannot be opened is left alone
-    QIODevice *report = nullptr;     // one line per statement
+    // Opened for writing: a context line, one line per statement and an end
+    // line; committed when the run ends, however it ends.
+    QSaveFile *report = nullptr;
     std::function<QString(QString)> mask; // applied to every server message kept
     std::function<void(int value, int maximum)> progress;
     const std::atomic<bool> *stop = nullptr; // asked before each statement
@@ -28,7 +34,24 @@ struct DatabaseRunResult
 {
     RunEnd end = RunEnd::NotOpened;
     StatementTally tally;
+    QDateTime started;
     double seconds = 0;
+    QString reason;      // why the run could not start
+    QString reportError; // why its report could not be written
 };
 
+// What became of a run, from the best to the worst.
+enum class RunOutcome { Completed, CompletedWithFailures, NothingApplied, CouldNotStart, Interrupted, NotDone };
+
+// Nothing applied: every statement failed for an unexpected reason.
+RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result);
+QString outcomeName(RunOutcome outcome);
+
+// What was run where, by which version, from when: a report's first line.
+QJsonObject runContext(const DatabaseRun &run, const QDateTime &started);
+// The outcome, times, reason and counts; nothing for a run never started.
+QJsonObject runJson(const std::optional<DatabaseRunResult> &result);
+
+// Stops before sending anything when no connection serves the database; a
+// database that cannot be opened is created only at `createAt`.
 DatabaseRunResult runDatabase(const DatabaseRun &run);

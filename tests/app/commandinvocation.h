@@ -3,7 +3,6 @@
 #include "commandline.h"
 #include "odbcconnection.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 // What one command printed and the status it ended with.
@@ -26,13 +25,4 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
     out.flush();
     err.flush();
     return result;
-}
-
-// A count from a run's summary, by its label; -1 when the summary has none.
-inline int summaryCount(const QString &summary, const QString &label)
-{
-    const QRegularExpression line(QLatin1Char('^') + QRegularExpression::escape(label) + QStringLiteral(":\\s+(\\d+)"),
-                                  QRegularExpression::MultilineOption);
-    const QRegularExpressionMatch match = line.match(summary);
-    return match.hasMatch() ? match.captured(1).toInt() : -1;
 }

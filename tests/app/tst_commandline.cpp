@@ -1,16 +1,27 @@
 #include "catalogueanswers.h"
 #include "commandinvocation.h"
+#include "printabletext.h"
+#include "programversion.h"
 #include "scriptfixture.h"
 
 #include <QDir>
-#include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
+using ServerSetup = std::function<void(ScriptedServer &)>;
+Q_DECLARE_METATYPE(ServerSetup)
+
 namespace {
+
+const QString kLocalListing = QStringLiteral("Select name From sys.databases Where name like 'Quorvex%' Order By name");
+const QStringList kRun{"run", "--mode", "LOCAL", "--database", "QuorvexA"};
+const QStringList kRunAll{"run", "--all", "--mode", "LOCAL", "--server", "S"};
 
 QByteArray fileBytes(const QString &path)
 {
@@ -18,47 +29,48 @@ QByteArray fileBytes(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Outcome -> count, and the outcomes of the CREATE TABLE statements, from a report.
-struct Report
+// A report's lines: its context, one per statement, its end.
+QList<QJsonObject> reportLines(const QString &path)
 {
-    QHash<QString, int> outcomes;
-    QStringList createTableOutcomes;
-    int lines = 0;
-};
-
-Report readReport(const QString &path)
-{
-    Report report;
+    QList<QJsonObject> lines;
     for (const QByteArray &line : fileBytes(path).split('\n')) {
-        if (line.isEmpty())
-            continue;
-        const QJsonObject statement = QJsonDocument::fromJson(line).object();
-        ++report.lines;
-        ++report.outcomes[statement.value(QStringLiteral("outcome")).toString()];
-        if (statement.value(QStringLiteral("text")).toString().startsWith(QLatin1String("CREATE TABLE")))
-            report.createTableOutcomes << statement.value(QStringLiteral("outcome")).toString();
+        if (!line.isEmpty())
+            lines << QJsonDocument::fromJson(line).object();
     }
-    return report;
-}
-
-const QString kLocalListing = QStringLiteral("Select name From sys.databases Where name like 'Quorvex%' Order By name");
-
-// Every call of every connection, in one list.
-QStringList allCalls(const ScriptedServer &server)
-{
-    QStringList calls;
-    for (const QStringList &log : server.logs())
-        calls += log;
-    return calls;
-}
-
-// The summary table without its seconds, which vary from run to run.
-QStringList tableWithoutSeconds(const QString &out)
-{
-    QStringList lines;
-    for (const QString &line : out.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
-        lines << line.left(line.size() - 8).trimmed();
     return lines;
+}
+
+ServerSetup listing(const QStringList &names)
+{
+    return [names](ScriptedServer &server) { server.answers.insert(kLocalListing, singleColumn("name", names)); };
+}
+
+ServerSetup refusing(const QString &opens, const ServerSetup &also = [](ScriptedServer &) {})
+{
+    return [=](ScriptedServer &server) {
+        server.refusedOpens << opens;
+        also(server);
+    };
+}
+
+ServerSetup failing(const QString &statement, const DbStatus &status)
+{
+    return [=](ScriptedServer &server) { server.failingWith.insert(statement, status); };
+}
+
+// The page as a headless Chromium renders it.
+QString renderedDom(const QString &page)
+{
+    const QString chromium = QStandardPaths::findExecutable(QStringLiteral("chromium"));
+    if (chromium.isEmpty())
+        return QString();
+    QTemporaryDir profile;
+    QProcess browser;
+    browser.start(chromium, {"--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
+                             "--disable-background-networking", "--disable-component-update", "--disable-sync",
+                             "--user-data-dir=" + profile.path(), "--dump-dom", QUrl::fromLocalFile(page).toString()});
+    browser.waitForFinished(60000);
+    return QString::fromUtf8(browser.readAllStandardOutput());
 }
 
 } // namespace
@@ -67,258 +79,260 @@ class TestCommandLine : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void scriptWritesEveryStatementOfARun();
-    void badUsage_data();
-    void badUsage();
-    void listPrintsTheDatabases();
-    void runCountsWhatItsStatementsDid();
-    void runOnSqliteAccountsForEveryStatement();
-    void runStopsWhenTheDatabaseCannotBeOpened();
-    void runAllGivesEachDatabaseItsRun_data();
-    void runAllGivesEachDatabaseItsRun();
-    void runAllStopsOnRequest();
-    void check_data();
-    void check();
-
-private:
     QTemporaryDir m_dir;
+
+private slots:
+    void initTestCase() { QVERIFY(m_dir.isValid()); }
+
+    void scriptWritesEveryStatementOfARun()
+    {
+        const QByteArray expected = wholeRunFixtureBytes();
+        QVERIFY(!expected.isEmpty());
+        const Invocation toStandardOutput = invoke({QStringLiteral("script")});
+        QCOMPARE(toStandardOutput.exit, 0);
+        QCOMPARE(toStandardOutput.out.toUtf8(), expected);
+
+        const QString path = m_dir.filePath(QStringLiteral("script.sql"));
+        const Invocation toFile = invoke({QStringLiteral("script"), QStringLiteral("--output"), path});
+        QCOMPARE(toFile.exit, 0);
+        QVERIFY(toFile.out.isEmpty());
+        QCOMPARE(fileBytes(path), expected);
+    }
+
+    void badUsage_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("named"); // what the message must name
+        const QString missingDir = m_dir.filePath(QStringLiteral("missing/x"));
+        QTest::newRow("unknown command") << QStringList{"repair"} << "repair";
+        QTest::newRow("no command and no display") << QStringList{} << "no display";
+        QTest::newRow("unknown option") << QStringList{"script", "--outptu", "x"} << "outptu";
+        QTest::newRow("stray argument") << QStringList{"script", "extra"} << "extra";
+        QTest::newRow("missing --database") << QStringList{"run", "--mode", "LOCAL"} << "--database";
+        QTest::newRow("empty --database") << QStringList{"run", "--mode", "LOCAL", "--database", ""} << "--database";
+        QTest::newRow("unknown mode") << QStringList{"run", "--mode", "local", "--database", "QuorvexA"} << "local";
+        QTest::newRow("list without server") << QStringList{"list", "--mode", "LOCAL"} << "--server";
+        QTest::newRow("server and odbc") << kRun + QStringList{"--server", "S", "--odbc", "DSN=x"} << "--odbc";
+        QTest::newRow("odbc in ONLINE mode") << QStringList{"run", "--mode", "ONLINE", "--database", "Q", "--odbc", "DSN=x"}
+                                             << "ONLINE";
+        QTest::newRow("quiet and verbose") << kRun + QStringList{"--quiet", "--verbose"} << "--quiet";
+        QTest::newRow("unwritable --output") << QStringList{"script", "--output", missingDir} << missingDir;
+        QTest::newRow("unwritable --report") << kRun + QStringList{"--report", missingDir} << missingDir;
+        QTest::newRow("check --all: with --odbc") << QStringList{"check", "--all", "--mode", "LOCAL", "--odbc", "x"} << "--odbc";
+        QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0"} << "--jobs";
+        QTest::newRow("run --all: with --database") << kRunAll + QStringList{"--database", "Q"} << "--database";
+    }
+
+    void badUsage()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, named);
+        ScriptedServer server;
+        const Invocation invocation = invoke(arguments, server.connections());
+        QCOMPARE(invocation.exit, 2);
+        QVERIFY2(invocation.err.contains(named), qPrintable(invocation.err));
+        QVERIFY(invocation.out.isEmpty());
+        QVERIFY(server.logs().isEmpty());
+        QVERIFY(!QFileInfo::exists(m_dir.filePath(QStringLiteral("missing"))));
+    }
+
+    void exitStatus_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<ServerSetup>("setup");
+        QTest::addColumn<bool>("sends"); // anything but the CREATE DATABASE of --create-at
+        QTest::addColumn<int>("exit");
+        QTest::addColumn<QString>("printed");
+
+        const ServerSetup none = [](ScriptedServer &) {};
+        const ServerSetup two = listing({"QuorvexA", "QuorvexB"});
+        const QString unreachable = QStringLiteral("Initial Catalog=");
+        const QString refuseA = QStringLiteral("Initial Catalog=QuorvexA;");
+        const QString stock = wholeRunFixtureStatements().filter("CREATE VIEW dbo.Stock ").value(0);
+        const QStringList check{"check", "--mode", "LOCAL", "--database", "QuorvexA"};
+        const QStringList checkAll{"check", "--all", "--mode", "LOCAL", "--server", "S"};
+        QStringList wholeRun = wholeRunFixtureStatements();
+
+        QTest::newRow("list") << QStringList{"list", "--mode", "LOCAL", "--server", "S"} << two << false << 0 << "QuorvexB\n";
+        QTest::newRow("list: unreachable") << QStringList{"list", "--mode", "LOCAL", "--server", "S"} << refusing(unreachable)
+                                           << false << 4 << "Connection not established";
+        QTest::newRow("list --json: unreachable") << QStringList{"list", "--mode", "LOCAL", "--server", "S", "--json"}
+                                                  << refusing(unreachable) << false << 4 << "\"exit\":4";
+        QTest::newRow("run: a view without its source table")
+            << kRun << failing(stock, DbStatus::failure("Invalid object name 'dbo.tblStock'.", 208)) << true << 0
+            << "Not installable here: view Stock (source table missing: tblStock)";
+        QTest::newRow("run: a statement failed") << kRun << failing(stock, DbStatus::failure("Invalid column name 'Type'.", 207))
+                                                 << true << 3 << "completed with failures: 1 of 493 statements";
+        QTest::newRow("run: a statement timed out") << kRun << failing(stock, {false, "Query timeout expired", 0, true})
+                                                    << true << 3 << "     1  timed out: Query timeout expired";
+        QTest::newRow("run: every statement failed")
+            << kRun << ServerSetup([=](ScriptedServer &s) { s.failingStatements = QSet(wholeRun.begin(), wholeRun.end()); })
+            << true << 4 << "nothing applied: none of 493 statements succeeded";
+        QTest::newRow("run: cannot open") << kRun << refusing(refuseA) << false << 4
+                                          << "cannot open the database 'QuorvexA': refused; give --create-at";
+        QTest::newRow("run: unreachable, --create-at") << kRun + QStringList{"--create-at", "/srv/QuorvexA"}
+                                                       << refusing(unreachable) << false << 4 << "could not start";
+        QTest::newRow("run: ONLINE elsewhere") << QStringList{"run", "--mode", "ONLINE", "--database", "Q", "--server", "X"}
+                                               << none << false << 4 << "no connection was opened";
+        QTest::newRow("run --json: cannot open") << kRun + QStringList{"--json"} << refusing(refuseA) << false << 4
+                                                 << "\"outcome\":\"could not start\"";
+        QTest::newRow("run --all: one could not start") << kRunAll << refusing(refuseA, two) << true << 4
+                                                        << "2 databases: 1 completed, 1 could not start;";
+        QTest::newRow("run --all: unreachable") << kRunAll << refusing(unreachable) << false << 4 << "Connection not";
+        QTest::newRow("run --all --json") << kRunAll + QStringList{"--json"} << two << true << 0 << "\"completed\":2";
+        QTest::newRow("check: matches") << check << ServerSetup([](ScriptedServer &s) { answerCatalogue(s, whatARunLeaves()); })
+                                        << false << 0 << "\nmatches\n";
+        QTest::newRow("check: differs") << check << none << false << 1 << "Stock (source table missing: tblStock)\n87 diff";
+        QTest::newRow("check: cannot open") << check << refusing(refuseA) << false << 4 << "cannot open the database 'QuorvexA'";
+        QTest::newRow("check --all") << checkAll << refusing("Initial Catalog=QuorvexB;", two) << false << 4
+                                     << "2 databases: 0 match, 1 differ, 1 could not be read";
+    }
+
+    void exitStatus()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(ServerSetup, setup);
+        QFETCH(bool, sends);
+        QFETCH(int, exit);
+        QFETCH(QString, printed);
+        ScriptedServer server;
+        setup(server);
+        const Invocation invocation = invoke(arguments, server.connections());
+        QCOMPARE(invocation.exit, exit);
+        QVERIFY2((invocation.out + invocation.err).contains(printed), qPrintable(invocation.out + invocation.err));
+        for (const QStringList &log : server.logs()) {
+            for (const QString &call : log)
+                QVERIFY2(sends || !call.startsWith("execute") || call.startsWith("execute CREATE"), qPrintable(call));
+        }
+    }
+
+    void runGroupsFailuresByMessage()
+    {
+        // 25 messages over 30 statements: the first five messages twice.
+        ScriptedServer server;
+        const QStringList drops = wholeRunFixtureStatements().filter(QStringLiteral("drop view"));
+        for (int i = 0; i < 30; ++i)
+            server.failingWith.insert(drops[i], DbStatus::failure(QStringLiteral("message %1\x1b[2J").arg(i % 25), 50000));
+        const QString report = m_dir.filePath(QStringLiteral("grouped.jsonl"));
+        const Invocation grouped = invoke(kRun + QStringList{"--report", report}, server.connections());
+        QCOMPARE(grouped.exit, 3);
+        QVERIFY(grouped.out.startsWith("zrt " + programVersion() + " run: database 'QuorvexA', the local default instance"));
+        QVERIFY(grouped.out.contains("Failures by message: 25 messages, 30 statements\n     2  message 0\\x1B[2J\n"));
+        QCOMPARE(grouped.out.count(QStringLiteral("  message ")), 20);
+        QVERIFY(grouped.out.contains("5 more messages (5 statements) in the report\n"));
+        QVERIFY(!grouped.out.contains(QChar(0x1b)));
+        const Invocation verbose = invoke(kRun + QStringList{"--verbose"}, server.connections());
+        QCOMPARE(verbose.out.count(QStringLiteral("  message ")), 25);
+        QCOMPARE(verbose.out.count(QStringLiteral("[view drops] drop view")), 30);
+        const Invocation quiet = invoke(kRun + QStringList{"--quiet"}, server.connections());
+        QCOMPARE(quiet.out.split('\n', Qt::SkipEmptyParts).size(), 2);
+
+        const QList<QJsonObject> lines = reportLines(report);
+        QCOMPARE(lines.size(), 1 + 493 + 1);
+        QCOMPARE(lines.first().value("version").toString(), programVersion());
+        QCOMPARE(lines.first().value("target").toString(), QStringLiteral("the local default instance"));
+        QVERIFY(QDateTime::fromString(lines[1].value("at").toString(), Qt::ISODateWithMs).isValid());
+        QCOMPARE(lines.last().value("complete").toBool(), true);
+        QCOMPARE(lines.last().value("outcome").toString(), QStringLiteral("completed with failures"));
+    }
+
+    void runOnSqliteAccountsForEveryStatement()
+    {
+        // SQLite is not SQL Server: many statements fail there (exit 3). What
+        // counts here is that every statement is accounted for, the same way in
+        // the report and in what is printed.
+        const QString odbc = QStringLiteral("DRIVER={SQLite3};Database=%1;LoadExt=%2")
+                                 .arg(m_dir.filePath(QStringLiteral("books.db")), QStringLiteral(ZRT_SQLITE_DBO));
+        for (const int run : {1, 2}) {
+            const QString report = m_dir.filePath(QStringLiteral("sqlite%1.jsonl").arg(run));
+            const Invocation invocation = invoke(kRun + QStringList{"--odbc", odbc, "--json", "--report", report});
+            QCOMPARE(invocation.exit, 3);
+            const QJsonObject counts = QJsonDocument::fromJson(invocation.out.toUtf8())["counts"].toObject();
+            const QList<QJsonObject> lines = reportLines(report);
+            QHash<QString, int> outcomes;
+            QStringList createTables;
+            for (const QJsonObject &line : lines.mid(1, lines.size() - 2)) {
+                ++outcomes[line.value("outcome").toString()];
+                if (line.value("text").toString().startsWith(QLatin1String("CREATE TABLE")))
+                    createTables << line.value("outcome").toString();
+            }
+            QCOMPARE(counts.value("sent").toInt(), lines.size() - 2);
+            for (auto it = outcomes.begin(); it != outcomes.end(); ++it)
+                QCOMPARE(counts.value(it.key()).toInt(), it.value());
+            QCOMPARE(lines.last().value("counts").toObject(), counts);
+            // The six rebuilt tables are dropped first, so a second run makes them again.
+            QCOMPARE(createTables.count(QStringLiteral("succeeded")), run == 1 ? 26 : 6);
+        }
+    }
+
+    void runAllReportsEveryDatabase()
+    {
+        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex?a", "Quorvex年度", "Quorvex\x1b[31mB"};
+        ScriptedServer server;
+        listing(names)(server);
+        server.refusedOpens << "Initial Catalog=Quorvex\x1b[31mB;";
+        const QString dir = m_dir.filePath(QStringLiteral("fleet"));
+        QVERIFY(QDir().mkpath(dir + "/005-Quorvex__31mB.jsonl")); // a folder where a report would go
+        const Invocation all = invoke(kRunAll + QStringList{"--jobs", "2", "--report-dir", dir}, server.connections());
+        QCOMPARE(all.exit, 4);
+        const QStringList lines = all.out.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 1 + 5 + 1);
+        QVERIFY(all.out.contains("could not start: cannot open the database 'Quorvex\\x1B[31mB': refused\n"));
+        QVERIFY(!all.out.contains(QChar(0x1b)));
+        QVERIFY(lines.last().startsWith("5 databases: 4 completed, 1 could not start; 1972 statements sent"));
+        QVERIFY2(all.err.contains("cannot write " + dir + "/005-Quorvex__31mB.jsonl"), qPrintable(all.err));
+
+        const QJsonArray index = QJsonDocument::fromJson(fileBytes(dir + "/index.json")).object().value("databases").toArray();
+        QCOMPARE(index.size(), 5);
+        QStringList files;
+        QStringList rows;
+        for (qsizetype i = 0; i < index.size(); ++i) {
+            const QJsonObject run = index[i].toObject();
+            QCOMPARE(run.value("database").toString(), names[i]);
+            files << run.value("report").toString();
+            rows << escapedControls(names[i]) + " " + run.value("outcome").toString();
+            if (i == 4)
+                continue;
+            const QJsonObject end = reportLines(dir + "/" + files.last()).last();
+            QCOMPARE(end.value("outcome"), run.value("outcome"));
+            QCOMPARE(end.value("counts"), run.value("counts"));
+        }
+        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a.jsonl",
+                                     "004-Quorvex年度.jsonl", ""}));
+
+        const QString dom = renderedDom(dir + "/index.html");
+        QVERIFY2(!dom.isEmpty(), "chromium did not render the page: scripts/test.sh installs it");
+        QStringList rendered;
+        static const QRegularExpression row(R"(<td class="database">([^<]*)</td><td class="outcome">([^<]*)</td>)");
+        for (const QRegularExpressionMatch &match : row.globalMatch(dom))
+            rendered << match.captured(1) + " " + match.captured(2);
+        QCOMPARE(rendered, rows);
+    }
+
+    void runAllStopsOnRequest()
+    {
+        std::atomic<int> statements = 0;
+        std::atomic<bool> stop = false;
+        ScriptedServer server;
+        listing({"QuorvexA", "QuorvexB", "QuorvexC"})(server);
+        server.heard = [&] {
+            if (++statements == 1 + 600) // the listing's query, then into the second database's run
+                stop = true;
+        };
+        const QString dir = m_dir.filePath(QStringLiteral("stopped"));
+        const Invocation stopped =
+            invoke(kRunAll + QStringList{"--jobs", "1", "--report-dir", dir}, server.connections(), &stop);
+        QCOMPARE(stopped.exit, 130);
+        // The statement under way finishes; none follows it.
+        QCOMPARE(statements.load(), 601);
+        QVERIFY(stopped.out.contains(QRegularExpression("QuorvexB +interrupted +107 sent")));
+        QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexC\n")));
+        const QList<QJsonObject> partial = reportLines(dir + "/002-QuorvexB.jsonl");
+        QCOMPARE(partial.size(), 1 + 107 + 1);
+        QCOMPARE(partial.last().value("complete").toBool(true), false);
+        QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json")).object().value("complete").toBool(true), false);
+    }
 };
-
-void TestCommandLine::initTestCase()
-{
-    QVERIFY(m_dir.isValid());
-}
-
-void TestCommandLine::scriptWritesEveryStatementOfARun()
-{
-    const QByteArray expected = wholeRunFixtureBytes();
-    QVERIFY(!expected.isEmpty());
-    const Invocation toStandardOutput = invoke({QStringLiteral("script")});
-    QCOMPARE(toStandardOutput.exit, 0);
-    QCOMPARE(toStandardOutput.out.toUtf8(), expected);
-
-    const QString path = m_dir.filePath(QStringLiteral("script.sql"));
-    const Invocation toFile = invoke({QStringLiteral("script"), QStringLiteral("--output"), path});
-    QCOMPARE(toFile.exit, 0);
-    QVERIFY(toFile.out.isEmpty());
-    QCOMPARE(fileBytes(path), expected);
-}
-
-void TestCommandLine::badUsage_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("named"); // what the message must name
-    const QString missingDir = m_dir.filePath(QStringLiteral("missing/x"));
-    QTest::newRow("unknown command") << QStringList{"repair"} << "repair";
-    QTest::newRow("unknown option") << QStringList{"script", "--outptu", "x"} << "outptu";
-    QTest::newRow("stray argument") << QStringList{"script", "extra"} << "extra";
-    QTest::newRow("missing --database") << QStringList{"run", "--mode", "LOCAL"} << "--database";
-    QTest::newRow("empty --database") << QStringList{"run", "--mode", "LOCAL", "--database", ""} << "--database";
-    QTest::newRow("unknown mode") << QStringList{"run", "--mode", "local", "--database", "QuorvexA"} << "local";
-    QTest::newRow("list without server") << QStringList{"list", "--mode", "LOCAL"} << "--server";
-    QTest::newRow("server and odbc") << QStringList{"run", "--mode", "LOCAL", "--database", "Q", "--server", "S", "--odbc", "DSN=x"}
-                                     << "--odbc";
-    QTest::newRow("unwritable --output") << QStringList{"script", "--output", missingDir} << missingDir;
-    QTest::newRow("unwritable --report") << QStringList{"run", "--mode", "LOCAL", "--database", "Q", "--report", missingDir}
-                                         << missingDir;
-    QTest::newRow("check: unknown option") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--jsn"} << "jsn";
-    QTest::newRow("check: missing --mode") << QStringList{"check", "--database", "Q"} << "--mode";
-    QTest::newRow("check: empty --database") << QStringList{"check", "--mode", "LOCAL", "--database", ""} << "--database";
-    QTest::newRow("check: unknown mode") << QStringList{"check", "--mode", "Local", "--database", "Q"} << "Local";
-    QTest::newRow("check: server and odbc")
-        << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--server", "S", "--odbc", "DSN=x"} << "--odbc";
-    QTest::newRow("run --all: --jobs 0") << QStringList{"run", "--all", "--mode", "LOCAL", "--server", "S", "--jobs", "0"}
-                                         << "--jobs";
-    QTest::newRow("run --all: with --database")
-        << QStringList{"run", "--all", "--mode", "LOCAL", "--server", "S", "--database", "Q"} << "--database";
-    QTest::newRow("run --all: without --server") << QStringList{"run", "--all", "--mode", "LOCAL"} << "--server";
-}
-
-void TestCommandLine::badUsage()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, named);
-    ScriptedServer server;
-    const Invocation invocation = invoke(arguments, server.connections());
-    QCOMPARE(invocation.exit, 2);
-    QVERIFY2(invocation.err.contains(named), qPrintable(invocation.err));
-    QVERIFY(invocation.out.isEmpty());
-    QVERIFY(server.logs().isEmpty());
-    QVERIFY(!QFileInfo::exists(m_dir.filePath(QStringLiteral("missing"))));
-}
-
-void TestCommandLine::listPrintsTheDatabases()
-{
-    ScriptedServer server;
-    server.answers.insert(kLocalListing, singleColumn("name", {"QuorvexA", "QuorvexB"}));
-    const QStringList arguments{"list", "--mode", "LOCAL", "--server", "ACCOUNTS"};
-    const Invocation listed = invoke(arguments, server.connections());
-    QCOMPARE(listed.exit, 0);
-    QCOMPARE(listed.out, QStringLiteral("QuorvexA\nQuorvexB\n"));
-
-    server.refusedOpens << QStringLiteral("master");
-    const Invocation refused = invoke(arguments, server.connections());
-    QCOMPARE(refused.exit, 1);
-    QVERIFY(refused.out.isEmpty());
-    QCOMPARE(refused.err, QStringLiteral("Connection not established, please check the server configuration.\n"));
-}
-
-void TestCommandLine::runCountsWhatItsStatementsDid()
-{
-    ScriptedServer server;
-    server.failingStatements << QStringLiteral("drop view [dbo].[Stock]");
-    const Invocation run = invoke({"run", "--mode", "LOCAL", "--database", "QuorvexNew"}, server.connections());
-    QCOMPARE(run.exit, 0);
-    QCOMPARE(summaryCount(run.out, "Statements sent"), 493);
-    QCOMPARE(summaryCount(run.out, "  failed for another reason"), 1);
-    QCOMPARE(summaryCount(run.out, "Columns added"), 221);
-    QCOMPARE(summaryCount(run.out, "Views created"), 62);
-    QCOMPARE(summaryCount(run.out, "Built-in rows written"), 4);
-    QCOMPARE(summaryCount(run.out, "Accounts written"), 26);
-    QVERIFY2(run.out.contains("[view drops] drop view [dbo].[Stock]\n      scripted failure\n"), qPrintable(run.out));
-}
-
-void TestCommandLine::runOnSqliteAccountsForEveryStatement()
-{
-    // SQLite is not SQL Server: many statements fail there. What counts here
-    // is that every statement is accounted for, the same way in both outputs.
-    const QString odbc = QStringLiteral("DRIVER={SQLite3};Database=%1;LoadExt=%2")
-                             .arg(m_dir.filePath(QStringLiteral("books.db")), QStringLiteral(ZRT_SQLITE_DBO));
-    const QString firstReport = m_dir.filePath(QStringLiteral("first.jsonl"));
-    const QString secondReport = m_dir.filePath(QStringLiteral("second.jsonl"));
-    const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexA", "--odbc", odbc, "--report"};
-
-    const Invocation first = invoke(arguments + QStringList{firstReport});
-    QCOMPARE(first.exit, 0);
-    const Report report = readReport(firstReport);
-    QCOMPARE(summaryCount(first.out, "Statements sent"), report.lines);
-    QCOMPARE(summaryCount(first.out, "  succeeded"), report.outcomes.value("succeeded"));
-    QCOMPARE(summaryCount(first.out, "  refused, already existed"), report.outcomes.value("already existed"));
-    QCOMPARE(summaryCount(first.out, "  refused, not there to drop"), report.outcomes.value("not there to drop"));
-    QCOMPARE(summaryCount(first.out, "  failed for another reason"), report.outcomes.value("failed"));
-    QCOMPARE(report.createTableOutcomes, QStringList(26, QStringLiteral("succeeded")));
-
-    const Invocation second = invoke(arguments + QStringList{secondReport});
-    QCOMPARE(second.exit, 0);
-    // The six rebuilt tables are dropped first, so they are made again.
-    const Report again = readReport(secondReport);
-    QCOMPARE(again.createTableOutcomes.count(QStringLiteral("already existed")), 20);
-    QCOMPARE(again.createTableOutcomes.count(QStringLiteral("succeeded")), 6);
-    QCOMPARE(summaryCount(second.out, "Columns added"), 0);
-}
-
-void TestCommandLine::runStopsWhenTheDatabaseCannotBeOpened()
-{
-    ScriptedServer server;
-    server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexGone;");
-    const QString report = m_dir.filePath(QStringLiteral("gone.jsonl"));
-    const QStringList arguments{"run", "--mode", "LOCAL", "--database", "QuorvexGone", "--report", report};
-    const Invocation stopped = invoke(arguments, server.connections());
-    QCOMPARE(stopped.exit, 1);
-    QVERIFY(stopped.err.contains(QLatin1String("QuorvexGone")));
-    QVERIFY(stopped.err.contains(QLatin1String("--create-at")));
-    QVERIFY(!allCalls(server).join('\n').contains("execute"));
-    QVERIFY(!QFileInfo::exists(report));
-
-    const Invocation created = invoke(arguments + QStringList{"--create-at", "/srv/sql/QuorvexGone"}, server.connections());
-    QCOMPARE(created.exit, 0);
-    QVERIFY(server.logs().last().contains(
-        QStringLiteral("execute CREATE DATABASE [QuorvexGone]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/sql/QuorvexGone.mdf') "
-                       "LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/sql/QuorvexGone_Log.ldf')")));
-    QCOMPARE(readReport(report).lines, 494);
-}
-
-void TestCommandLine::runAllGivesEachDatabaseItsRun_data()
-{
-    QTest::addColumn<QString>("jobs");
-    QTest::newRow("one at a time") << "1";
-    QTest::newRow("three at once") << "3";
-    QTest::newRow("more jobs than databases") << "8";
-}
-
-void TestCommandLine::runAllGivesEachDatabaseItsRun()
-{
-    QFETCH(QString, jobs);
-    ScriptedServer server;
-    server.answers.insert(kLocalListing, singleColumn("name", {"QuorvexA", "QuorvexB", "QuorvexC"}));
-    server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexB;");
-    const QString reports = m_dir.filePath(QStringLiteral("reports-") + jobs);
-    const Invocation all = invoke({"run", "--all", "--mode", "LOCAL", "--server", "ACCOUNTS", "--jobs", jobs,
-                                   "--report-dir", reports},
-                                  server.connections());
-    QCOMPARE(all.exit, 1);
-    QCOMPARE(tableWithoutSeconds(all.out),
-             (QStringList{"Database                       Outcome           Failed  Columns",
-                          "QuorvexA                       completed              0      221",
-                          "QuorvexB                       could not start        -        -",
-                          "QuorvexC                       completed              0      221"}));
-    QCOMPARE(QDir(reports).entryList(QDir::Files), (QStringList{"QuorvexA.jsonl", "QuorvexC.jsonl"}));
-    QCOMPARE(readReport(QDir(reports).filePath("QuorvexA.jsonl")).lines, 493);
-
-    // Each run on a connection of its own: the listing's, then one per database.
-    QCOMPARE(server.logs().size(), 4);
-    server.refusedOpens.clear();
-    const Invocation clean = invoke({"run", "--all", "--mode", "LOCAL", "--server", "ACCOUNTS", "--jobs", jobs},
-                                    server.connections());
-    QCOMPARE(clean.exit, 0);
-    QVERIFY(!clean.out.contains(QLatin1String("Not done")));
-}
-
-void TestCommandLine::runAllStopsOnRequest()
-{
-    std::atomic<int> statements = 0;
-    std::atomic<bool> stop = false;
-    ScriptedServer server;
-    server.answers.insert(kLocalListing, singleColumn("name", {"QuorvexA", "QuorvexB", "QuorvexC"}));
-    server.heard = [&] {
-        if (++statements == 1 + 600) // the listing's query, then into the second database's run
-            stop = true;
-    };
-    const Invocation stopped = invoke({"run", "--all", "--mode", "LOCAL", "--server", "S", "--jobs", "1"},
-                                      server.connections(), &stop);
-    QCOMPARE(stopped.exit, 1);
-    // The statement under way finishes; none follows it.
-    QCOMPARE(statements.load(), 601);
-    const QStringList rows = tableWithoutSeconds(stopped.out);
-    QVERIFY(rows[1].startsWith(QLatin1String("QuorvexA                       completed ")));
-    QVERIFY(rows[2].startsWith(QLatin1String("QuorvexB                       interrupted ")));
-    QVERIFY(rows[3].startsWith(QLatin1String("QuorvexC                       not done ")));
-    QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexB, QuorvexC")));
-}
-
-void TestCommandLine::check_data()
-{
-    QTest::addColumn<bool>("opens");
-    QTest::addColumn<bool>("upToDate");
-    QTest::addColumn<int>("exit");
-    QTest::addColumn<QString>("last"); // line of the output, or of the errors
-
-    QTest::newRow("a database as a run leaves it") << true << true << 0 << "matches";
-    QTest::newRow("an empty database") << true << false << 1 << "88 differences";
-    QTest::newRow("a database that cannot be opened") << false << true << 1 << "zrt check: cannot open the database 'QuorvexA'";
-}
-
-void TestCommandLine::check()
-{
-    QFETCH(bool, opens);
-    QFETCH(bool, upToDate);
-    QFETCH(int, exit);
-    QFETCH(QString, last);
-
-    ScriptedServer server;
-    if (!opens)
-        server.refusedOpens << QStringLiteral("Initial Catalog=QuorvexA;");
-    if (upToDate)
-        answerCatalogue(server, whatARunLeaves());
-    const Invocation check = invoke({"check", "--mode", "LOCAL", "--database", "QuorvexA"}, server.connections());
-    QCOMPARE(check.exit, exit);
-    QCOMPARE((check.out + check.err).trimmed().section('\n', -1), last);
-    // It only reads.
-    for (const QString &call : allCalls(server))
-        QVERIFY2(!call.startsWith("execute"), qPrintable(call));
-}
 
 QTEST_GUILESS_MAIN(TestCommandLine)
 #include "tst_commandline.moc"

@@ -54,6 +54,8 @@ private:
             m_server.heard();
         if (!m_open)
             return DbStatus::failure(QStringLiteral("not open"));
+        if (m_server.failingWith.contains(sql))
+            return m_server.failingWith.value(sql);
         if (m_server.failingStatements.contains(sql))
             return DbStatus::failure(QStringLiteral("scripted failure"), 50000);
         return DbStatus::success();

@@ -19,6 +19,7 @@ class ScriptedServer
 public:
     QStringList refusedOpens;         // opens of strings containing one of these fail
     QSet<QString> failingStatements;  // statements and queries with these texts fail
+    QHash<QString, DbStatus> failingWith; // statement text -> the failure it meets
     QHash<QString, ResultSet> answers; // query text -> its rows
     std::function<void()> heard;      // called at each statement and query, on the caller's thread
 
