@@ -16,6 +16,7 @@ constexpr char kProgramHelp[] =
     "  script   write every statement a run sends to an empty database\n"
     "  list     list the Quorvex databases of a server\n"
     "  run      run the maintenance on one database, with a summary and a report\n"
+    "  plan     what a run would do to a database: run, then rolled back\n"
     "  check    list what a database lacks of what a run leaves; changes nothing\n"
     "\n"
     "zrt COMMAND --help tells more of each; zrt --version prints the version.\n"
@@ -46,6 +47,8 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         return listCommand(rest, context);
     if (command == QLatin1String("run"))
         return runCommand(rest, context);
+    if (command == QLatin1String("plan"))
+        return planCommand(rest, context);
     if (command == QLatin1String("check"))
         return checkCommand(rest, context);
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {

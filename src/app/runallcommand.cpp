@@ -56,16 +56,18 @@ int allExitStatus(const AllRunsResult &all)
 
 } // namespace
 
-int runAllCommand(const QCommandLineParser &parser, const QString &mode, CommandContext &context)
+int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool preview, CommandContext &context)
 {
+    const QString command = preview ? QStringLiteral("zrt plan: ") : QStringLiteral("zrt run: ");
     AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer};
+    runs.preview = preview;
     runs.mask = secretMask(parser);
     runs.stop = context.stop;
     if (parser.isSet(QStringLiteral("jobs"))) {
         bool ok = false;
         runs.jobs = parser.value(QStringLiteral("jobs")).toInt(&ok);
         if (!ok || runs.jobs < 1) {
-            context.err << "zrt run: --jobs needs a whole number from 1 up, not '"
+            context.err << command << "--jobs needs a whole number from 1 up, not '"
                         << escapedControls(parser.value(QStringLiteral("jobs"))) << "'\n";
             return kExitUsage;
         }
@@ -73,20 +75,20 @@ int runAllCommand(const QCommandLineParser &parser, const QString &mode, Command
     if (parser.isSet(QStringLiteral("report-dir"))) {
         runs.reportDir = parser.value(QStringLiteral("report-dir"));
         if (!QDir().mkpath(*runs.reportDir)) {
-            context.err << "zrt run: cannot make the folder " << escapedControls(*runs.reportDir) << "\n";
+            context.err << command << "cannot make the folder " << escapedControls(*runs.reportDir) << "\n";
             return kExitUsage;
         }
     }
     const bool json = parser.isSet(QStringLiteral("json"));
     if (!json) {
-        context.out << headerLine(QStringLiteral("run --all"), QStringLiteral("server %1, mode %2").arg(runs.server, mode),
+        context.out << headerLine(preview ? QStringLiteral("plan --all") : QStringLiteral("run --all"), QStringLiteral("server %1, mode %2").arg(runs.server, mode),
                                   QDateTime::currentDateTime());
         context.out.flush();
-        runs.finished = [&context](const QString &database, const DatabaseRunResult &result) {
+        runs.finished = [&context, command](const QString &database, const DatabaseRunResult &result) {
             context.out << finishedLine(database, result);
             context.out.flush();
             if (!result.reportError.isEmpty())
-                context.err << "zrt run: " << escapedControls(result.reportError) << "\n";
+                context.err << command << escapedControls(result.reportError) << "\n";
         };
     }
     const AllRunsResult all = runAllDatabases(runs);
@@ -118,6 +120,6 @@ int runAllCommand(const QCommandLineParser &parser, const QString &mode, Command
         context.out << "Not done: " << notDone.join(QLatin1String(", ")) << "\n";
     context.out << totalsLine(all);
     for (const QString &error : all.indexErrors)
-        context.err << "zrt run: " << escapedControls(error) << "\n";
+        context.err << command << escapedControls(error) << "\n";
     return status;
 }

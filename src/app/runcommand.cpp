@@ -4,8 +4,10 @@
 #include "exitstatus.h"
 #include "printabletext.h"
 #include "runallcommand.h"
+#include "runplan.h"
 
 #include <QJsonDocument>
+#include <QFileInfo>
 #include <QSaveFile>
 
 namespace {
@@ -26,6 +28,29 @@ constexpr char kDescription[] =
     "starts no further run and stops the running ones after their current\n"
     "statement. Exit 0 completed, 3 statements failed unexpectedly or timed out\n"
     "or a report could not be written, 4 nothing could be applied, 130 interrupted.";
+
+constexpr char kPlanDescription[] =
+    "zrt plan --mode MODE --database NAME [--server NAME | --odbc STRING]\n"
+    "         [--create-at FILEBASE] [--report FILE] [--json | --quiet | --verbose]\n"
+    "zrt plan --all --mode MODE --server NAME [--jobs N] [--report-dir DIR] [--json]\n"
+    "\n"
+    "Shows what a run would do to the database, in the run's own words, and\n"
+    "leaves it as it was: it opens the database as run does, turns autocommit\n"
+    "off, sends exactly the run's statements (each guard sees what the earlier\n"
+    "statements did) and rolls everything back; it never commits. It also names\n"
+    "the rows the run would discard. A database that cannot be opened is\n"
+    "reported as one that would be created (with --create-at, by the statement\n"
+    "shown); nothing is sent. A preview holds the same locks as a run until it\n"
+    "rolls back: the application's users wait for it as for a run. Exit codes as\n"
+    "run: 0 the run would complete, 3 statements would fail unexpectedly, 4\n"
+    "nothing could be read, 130 interrupted.";
+
+// What `run` and `plan` share but their names and whether they roll back.
+struct Command
+{
+    QString name;
+    bool preview;
+};
 
 // A bar on the terminal, redrawn in place.
 void drawProgress(QTextStream &err, int value, int maximum)
@@ -59,9 +84,18 @@ QString outcomeLine(RunOutcome outcome, const StatementTally &tally, bool report
     }
 }
 
-int runOne(const QCommandLineParser &parser, CommandContext &context)
+// Why a preview found no database, and what a run would do about it.
+QString wouldBeCreated(const DatabaseRun &run)
 {
-    const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("run"), context);
+    if (!run.createAt)
+        return QStringLiteral("zrt plan: the database would be created; give --create-at FILEBASE to see how\n");
+    return QStringLiteral("zrt plan: the database would be created by: %1\n")
+        .arg(escapedControls(createDatabaseStatement(QFileInfo(*run.createAt).fileName(), *run.createAt)));
+}
+
+int runOne(const QCommandLineParser &parser, const Command &command, CommandContext &context)
+{
+    const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, command.name, context);
     if (!choice)
         return kExitUsage;
     // Written whole when the run ends, or not at all.
@@ -69,7 +103,7 @@ int runOne(const QCommandLineParser &parser, CommandContext &context)
     if (parser.isSet(QStringLiteral("report"))) {
         report.emplace(parser.value(QStringLiteral("report")));
         if (!report->open(QIODevice::WriteOnly)) {
-            context.err << "zrt run: cannot write " << escapedControls(report->fileName()) << ": "
+            context.err << "zrt " << command.name << ": cannot write " << escapedControls(report->fileName()) << ": "
                         << report->errorString() << "\n";
             return kExitUsage;
         }
@@ -86,10 +120,11 @@ int runOne(const QCommandLineParser &parser, CommandContext &context)
     if (context.terminal && !json && !quiet)
         run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
     run.stop = context.stop;
+    run.preview = command.preview;
 
     const QDateTime started = QDateTime::currentDateTime();
     if (!json) {
-        context.out << headerLine(QStringLiteral("run"),
+        context.out << headerLine(command.name,
                                   QStringLiteral("database '%1', %2, mode %3").arg(run.database, run.target, run.mode),
                                   started);
         context.out.flush();
@@ -108,25 +143,31 @@ int runOne(const QCommandLineParser &parser, CommandContext &context)
     }
     if (run.progress)
         context.err << "\n";
-    if (outcome == RunOutcome::CouldNotStart) {
-        const bool creatable = !run.createAt && result.reason.startsWith(QLatin1String("cannot open the database"));
-        context.err << "zrt run: could not start: " << escapedControls(result.reason)
+    if (outcome == RunOutcome::CouldNotStart && command.preview && result.cannotOpen) {
+        context.err << wouldBeCreated(run);
+    } else if (outcome == RunOutcome::CouldNotStart) {
+        const bool creatable = !run.createAt && result.cannotOpen;
+        context.err << "zrt " << command.name << ": could not start: " << escapedControls(result.reason)
                     << (creatable ? "; give --create-at FILEBASE to create it" : "") << "\n";
     } else {
+        if (!quiet && result.preview)
+            context.out << result.preview->lines().join(QLatin1Char('\n')) << "\n";
         if (!quiet)
             context.out << result.tally.summary(parser.isSet(QStringLiteral("verbose")), run.report);
-        context.out << outcomeLine(outcome, result.tally, run.report) << "\n";
+        context.out << (command.preview ? QLatin1String("a run would end ") : QLatin1String(""))
+                    << outcomeLine(outcome, result.tally, run.report) << "\n";
     }
     if (!result.reportError.isEmpty())
-        context.err << "zrt run: " << escapedControls(result.reportError) << "\n";
+        context.err << "zrt " << command.name << ": " << escapedControls(result.reportError) << "\n";
     return status;
 }
 
-} // namespace
-
-int runCommand(const QStringList &arguments, CommandContext &context)
+int maintenanceCommand(const Command &command, const char *description, const QStringList &arguments,
+                       CommandContext &context)
 {
     QCommandLineParser parser;
+
+
     addDatabaseOptions(parser);
     parser.addOption({QStringLiteral("create-at"),
                       QStringLiteral("Create a database that cannot be opened, with its files at FILEBASE.mdf and "
@@ -145,19 +186,31 @@ int runCommand(const QStringList &arguments, CommandContext &context)
                       QStringLiteral("With --all: one report per database, index.json and index.html in DIR."),
                       QStringLiteral("DIR")});
     if (const std::optional<int> exit =
-            parseOptions(parser, QStringLiteral("run"), QString::fromLatin1(kDescription), arguments, context))
+            parseOptions(parser, command.name, QString::fromLatin1(description), arguments, context))
         return *exit;
     if (int(parser.isSet(QStringLiteral("json"))) + int(parser.isSet(QStringLiteral("quiet")))
             + int(parser.isSet(QStringLiteral("verbose")))
         > 1) {
-        context.err << "zrt run: give one of --json, --quiet and --verbose\n";
+        context.err << "zrt " << command.name << ": give one of --json, --quiet and --verbose\n";
         return kExitUsage;
     }
-    if (!checkedForm(parser, QStringLiteral("run"), {"database", "odbc", "create-at", "report", "quiet", "verbose"},
+    if (!checkedForm(parser, command.name, {"database", "odbc", "create-at", "report", "quiet", "verbose"},
                      {"jobs", "report-dir"}, context))
         return kExitUsage;
     if (!parser.isSet(QStringLiteral("all")))
-        return runOne(parser, context);
+        return runOne(parser, command, context);
     const std::optional<QString> mode = checkedMode(parser, context);
-    return mode ? runAllCommand(parser, *mode, context) : kExitUsage;
+    return mode ? runAllCommand(parser, *mode, command.preview, context) : kExitUsage;
+}
+
+} // namespace
+
+int runCommand(const QStringList &arguments, CommandContext &context)
+{
+    return maintenanceCommand({QStringLiteral("run"), false}, kDescription, arguments, context);
+}
+
+int planCommand(const QStringList &arguments, CommandContext &context)
+{
+    return maintenanceCommand({QStringLiteral("plan"), true}, kPlanDescription, arguments, context);
 }

@@ -21,6 +21,10 @@ public:
     virtual DbStatus execute(const QString &sql) = 0;
     // Replaces `into` only when the query succeeds.
     virtual DbStatus query(const QString &sql, ResultSet &into) = 0;
+    // Off: every statement from the next one on belongs to one transaction,
+    // which only rollback() ends; nothing here commits it.
+    virtual DbStatus setAutocommit(bool on) = 0;
+    virtual DbStatus rollback() = 0;
     virtual DbStatus close() = 0;
     virtual bool isOpen() const = 0;
 };

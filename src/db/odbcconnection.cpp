@@ -105,6 +105,20 @@ DbStatus OdbcConnection::query(const QString &sql, ResultSet &into)
     return DbStatus::success();
 }
 
+DbStatus OdbcConnection::setAutocommit(bool on)
+{
+    QSqlDatabase db = QSqlDatabase::database(m_name, false);
+    if (on || !db.transaction())
+        return on ? DbStatus::success() : failureFrom(db.lastError());
+    return DbStatus::success();
+}
+
+DbStatus OdbcConnection::rollback()
+{
+    QSqlDatabase db = QSqlDatabase::database(m_name, false);
+    return db.rollback() ? DbStatus::success() : failureFrom(db.lastError());
+}
+
 DbStatus OdbcConnection::close()
 {
     if (!m_open)

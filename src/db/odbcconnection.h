@@ -17,6 +17,8 @@ public:
     DbStatus open(const QString &connectionString) override;
     DbStatus execute(const QString &sql) override;
     DbStatus query(const QString &sql, ResultSet &into) override;
+    DbStatus setAutocommit(bool on) override;
+    DbStatus rollback() override;
     DbStatus close() override;
     bool isOpen() const override;
 

@@ -20,6 +20,7 @@ public:
               std::optional<DbStatus> fetchError = std::nullopt);
 
     bool isOpen() const { return m_open; }
+    const QStringList &columns() const { return m_columns; }
     // nullopt when the test itself fails: the set is not open, or the server
     // failed after the rows fetched so far.
     std::optional<bool> atEnd() const;

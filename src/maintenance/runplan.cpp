@@ -11,20 +11,20 @@ namespace {
 
 // Always dropped, so every run rebuilds them empty (the client-information
 // table with one fresh row).
-constexpr std::array<std::string_view, 6> kRebuiltTableDrops = {
-    "drop table [dbo].[tblMonthlyComparisonReportEmpty]",
-    "drop table [dbo].[tblPartyBalanceEmpty]",
-    "drop table [dbo].[tblKWClientInfo]",
-    "drop table [dbo].[tblDailyComparisonReportEmpty]",
-    "drop table [dbo].[tblInvoiceEmpty]",
-    "drop table [dbo].[tblStockEmpty]",
+constexpr std::array<std::string_view, 6> kRebuiltTables = {
+    "tblMonthlyComparisonReportEmpty",
+    "tblPartyBalanceEmpty",
+    "tblKWClientInfo",
+    "tblDailyComparisonReportEmpty",
+    "tblInvoiceEmpty",
+    "tblStockEmpty",
 };
 
 Steps rebuiltTableDrops()
 {
     Steps steps;
-    for (std::string_view drop : kRebuiltTableDrops)
-        steps.push_back(Step::execute(Action::DropTable, QString::fromUtf8(drop)));
+    for (const QString &table : rebuiltTables())
+        steps.push_back(Step::execute(Action::DropTable, QLatin1String("drop table [dbo].[") + table + QLatin1Char(']')));
     return steps;
 }
 
@@ -48,6 +48,14 @@ Steps viewCreates()
 }
 
 } // namespace
+
+QStringList rebuiltTables()
+{
+    QStringList tables;
+    for (std::string_view table : kRebuiltTables)
+        tables << QString::fromUtf8(table);
+    return tables;
+}
 
 Steps maintenanceSteps()
 {

@@ -29,7 +29,7 @@ QString reportFileName(qsizetype position, const QString &database)
 DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QString &reportFile)
 {
     DatabaseRun run{runs.mode, runs.server, database, QLatin1String("server ") + runs.server, runs.connections,
-                    std::nullopt, nullptr, runs.mask, {}, runs.stop};
+                    std::nullopt, nullptr, runs.mask, {}, runs.stop, runs.preview};
     std::optional<QSaveFile> report;
     QString openError;
     if (runs.reportDir) {

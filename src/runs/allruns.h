@@ -16,6 +16,7 @@ struct AllRuns
     std::optional<QString> reportDir; // one report per database, index.json and index.html
     std::function<QString(QString)> mask;
     const std::atomic<bool> *stop = nullptr; // no run starts once it is set
+    bool preview = false;                    // each run rolled back: see DatabaseRun
     // Told of each run as it ends, one call at a time, on the run's thread.
     std::function<void(const QString &database, const DatabaseRunResult &result)> finished;
 };

@@ -2,6 +2,7 @@
 
 #include "mdzrt.h"
 #include "openwatch.h"
+#include "previewconnection.h"
 #include "printabletext.h"
 #include "programversion.h"
 #include "reportline.h"
@@ -26,6 +27,7 @@ public:
     }
 
     const StatementTally &tally() const { return m_tally; }
+    const std::optional<PreviewFindings> &findings() const { return m_findings; }
     QString whyNotOpen() const { return m_watch.whyNotOpen(m_module, m_run.database); }
 
     void setProgressMaximum(int maximum) override { m_maximum = maximum; }
@@ -36,18 +38,30 @@ public:
     }
     std::optional<DatabaseFile> chooseDatabaseFile() override
     {
-        if (!m_run.createAt)
+        if (!m_run.createAt || m_run.preview)
             return std::nullopt;
         return DatabaseFile{*m_run.createAt, QFileInfo(*m_run.createAt).fileName()};
     }
     // Never into the fallback on tempdb, nor into a connection never opened.
-    bool goOnAfterOpening() override { return whyNotOpen().isEmpty(); }
+    bool goOnAfterOpening() override
+    {
+        if (!whyNotOpen().isEmpty())
+            return false;
+        if (m_run.preview) // inside the preview's transaction, before its first statement
+            m_findings.emplace(readDatabaseBefore(m_module.SharedConnection()));
+        return true;
+    }
     void statementExecuted(const StatementOutcome &outcome) override
     {
         StatementOutcome masked = outcome;
         if (m_run.mask)
             masked.status.message = m_run.mask(outcome.status.message);
         m_tally.add(masked);
+        if (m_findings) {
+            m_findings->add(masked);
+            if (isUnexpected(classify(masked)) && !transactionStillOpen(m_module.SharedConnection()))
+                m_findings->transactionEndedAt(m_tally.sent());
+        }
         if (m_run.report)
             m_run.report->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
     }
@@ -58,6 +72,7 @@ private:
     mdZRT &m_module;
     const OpenWatch &m_watch;
     StatementTally m_tally;
+    std::optional<PreviewFindings> m_findings;
     int m_maximum = 0;
 };
 
@@ -103,6 +118,7 @@ QString outcomeName(RunOutcome outcome)
 QJsonObject runContext(const DatabaseRun &run, const QDateTime &started)
 {
     return {{QStringLiteral("program"), QStringLiteral("zrt")},
+            {QStringLiteral("preview"), run.preview},
             {QStringLiteral("version"), programVersion()},
             {QStringLiteral("database"), run.database},
             {QStringLiteral("mode"), run.mode},
@@ -121,6 +137,8 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
         json.insert(QStringLiteral("reason"), result->reason);
     if (!result->reportError.isEmpty())
         json.insert(QStringLiteral("reportError"), result->reportError);
+    if (result->preview)
+        json.insert(QStringLiteral("would"), result->preview->json());
     const QJsonObject tally = result->tally.json();
     for (auto it = tally.begin(); it != tally.end(); ++it)
         json.insert(it.key(), it.value());
@@ -136,12 +154,14 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     if (run.report)
         run.report->write(jsonLine(runContext(run, result.started)));
 
-    const OpenWatch watch(run.connections);
+    const OpenWatch watch(run.preview ? previewConnections(run.connections) : run.connections);
     mdZRT module(watch.connections(), run.server);
     HeadlessHost host(run, module, watch);
     CheckRecordsets recordsets;
     result.end = MaintenanceRun(module, host, recordsets).run({run.mode, run.server, run.database}, maintenanceSteps());
     result.tally = host.tally();
+    result.preview = host.findings();
+    result.cannotOpen = !module.ConnectionOpened();
     if (result.end == RunEnd::NotOpened)
         result.reason = run.mask ? run.mask(host.whyNotOpen()) : host.whyNotOpen();
     result.seconds = double(timer.nsecsElapsed()) / 1e9;

@@ -2,6 +2,7 @@
 
 #include "connection.h"
 #include "maintenancerun.h"
+#include "previewfindings.h"
 #include "statementtally.h"
 
 #include <QDateTime>
@@ -28,6 +29,9 @@ struct DatabaseRun
     std::function<QString(QString)> mask; // applied to every server message kept
     std::function<void(int value, int maximum)> progress;
     const std::atomic<bool> *stop = nullptr; // asked before each statement
+    // Runs every statement in one transaction and rolls it back: nothing is
+    // created, committed or kept.
+    bool preview = false;
 };
 
 struct DatabaseRunResult
@@ -37,7 +41,9 @@ struct DatabaseRunResult
     QDateTime started;
     double seconds = 0;
     QString reason;      // why the run could not start
+    bool cannotOpen = false; // the database could not be opened: it may not exist
     QString reportError; // why its report could not be written
+    std::optional<PreviewFindings> preview; // what the run would do, once the database opened
 };
 
 // What became of a run, from the best to the worst.
@@ -53,5 +59,6 @@ QJsonObject runContext(const DatabaseRun &run, const QDateTime &started);
 QJsonObject runJson(const std::optional<DatabaseRunResult> &result);
 
 // Stops before sending anything when no connection serves the database; a
-// database that cannot be opened is created only at `createAt`.
+// database that cannot be opened is created only at `createAt`, and never by
+// a preview.
 DatabaseRunResult runDatabase(const DatabaseRun &run);

@@ -23,6 +23,8 @@ public:
     }
     DbStatus execute(const QString &sql) override { return m_connection->execute(sql); }
     DbStatus query(const QString &sql, ResultSet &into) override { return m_connection->query(sql, into); }
+    DbStatus setAutocommit(bool on) override { return m_connection->setAutocommit(on); }
+    DbStatus rollback() override { return m_connection->rollback(); }
     DbStatus close() override { return m_connection->close(); }
     bool isOpen() const override { return m_connection->isOpen(); }
 

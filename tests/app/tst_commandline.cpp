@@ -73,6 +73,44 @@ QString renderedDom(const QString &page)
     return QString::fromUtf8(browser.readAllStandardOutput());
 }
 
+// Sends through `connection` and asks the run to stop once `after` statements were sent.
+class StoppingConnection : public Connection
+{
+public:
+    StoppingConnection(std::unique_ptr<Connection> connection, std::atomic<bool> &stop, int after)
+        : m_connection(std::move(connection)), m_stop(stop), m_after(after)
+    {
+    }
+    DbStatus open(const QString &connectionString) override { return m_connection->open(connectionString); }
+    DbStatus execute(const QString &sql) override { return counted(m_connection->execute(sql)); }
+    DbStatus query(const QString &sql, ResultSet &into) override { return counted(m_connection->query(sql, into)); }
+    DbStatus setAutocommit(bool on) override { return m_connection->setAutocommit(on); }
+    DbStatus rollback() override { return m_connection->rollback(); }
+    DbStatus close() override { return m_connection->close(); }
+    bool isOpen() const override { return m_connection->isOpen(); }
+
+private:
+    DbStatus counted(DbStatus status)
+    {
+        if (--m_after == 0)
+            m_stop = true;
+        return status;
+    }
+    std::unique_ptr<Connection> m_connection;
+    std::atomic<bool> &m_stop;
+    int m_after;
+};
+
+// Each statement's text and outcome, from a report.
+QStringList outcomes(const QString &report)
+{
+    QStringList lines;
+    const QList<QJsonObject> all = reportLines(report);
+    for (const QJsonObject &line : all.mid(1, all.size() - 2))
+        lines << line.value("outcome").toString() + " " + line.value("text").toString();
+    return lines;
+}
+
 } // namespace
 
 class TestCommandLine : public QObject
@@ -180,6 +218,24 @@ private slots:
                                                         << "2 databases: 1 completed, 1 could not start;";
         QTest::newRow("run --all: unreachable") << kRunAll << refusing(unreachable) << false << 4 << "Connection not";
         QTest::newRow("run --all --json") << kRunAll + QStringList{"--json"} << two << true << 0 << "\"completed\":2";
+        QTest::newRow("plan: what the run would change")
+            << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA"} << ServerSetup([](ScriptedServer &s) {
+                   DatabaseSchema older = whatARunLeaves();
+                   for (SchemaTable &table : older.tables) {
+                       for (SchemaColumn &column : table.columns)
+                           column.length = column.name == "PartyPhone" ? 50 : column.length;
+                   }
+                   answerCatalogue(s, older);
+                   s.answers.insert("SELECT COUNT(*) AS RowCount FROM [dbo].[tblInvoiceEmpty]", singleColumn("RowCount", {"12"}));
+               })
+            << true << 0
+            << "would widen tblPartyInfo.PartyPhone from 50 to 100\nwould write 4 built-in rows\nwould insert 26 accounts\n"
+               "would replace 62 views, 0 source tables missing\nwould discard 12 rows of tblInvoiceEmpty\n";
+        QTest::newRow("plan: cannot open") << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA", "--create-at", "/srv/Q"}
+                                           << refusing(refuseA) << false << 4
+                                           << "would be created by: CREATE DATABASE [Q]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/Q.mdf')";
+        QTest::newRow("plan --all") << QStringList{"plan", "--all", "--mode", "LOCAL", "--server", "S"} << two << true << 0
+                                    << "2 databases: 2 completed";
         QTest::newRow("check: matches") << check << ServerSetup([](ScriptedServer &s) { answerCatalogue(s, whatARunLeaves()); })
                                         << false << 0 << "\nmatches\n";
         QTest::newRow("check: differs") << check << none << false << 1 << "Stock (source table missing: tblStock)\n87 diff";
@@ -263,6 +319,56 @@ private slots:
             // The six rebuilt tables are dropped first, so a second run makes them again.
             QCOMPARE(createTables.count(QStringLiteral("succeeded")), run == 1 ? 26 : 6);
         }
+    }
+
+    void planNeverCommits()
+    {
+        ScriptedServer server;
+        const QString stock = wholeRunFixtureStatements().filter("CREATE VIEW dbo.Stock ").value(0);
+        server.failingStatements << stock;
+        server.answers.insert("SELECT @@TRANCOUNT AS TranCount", singleColumn("TranCount", {"0"}));
+        const Invocation plan = invoke({"plan", "--mode", "LOCAL", "--database", "QuorvexA"}, server.connections());
+        QCOMPARE(plan.exit, 3);
+        QVERIFY2(plan.out.contains("from statement #"), qPrintable(plan.out));
+        const QStringList calls = server.calls();
+        QCOMPARE(calls.mid(1, 1), QStringList{"autocommit off"});
+        QCOMPARE(calls.last(), QStringLiteral("rollback"));
+        QCOMPARE(calls.filter(QRegularExpression("commit", QRegularExpression::CaseInsensitiveOption)),
+                 QStringList{"autocommit off"});
+    }
+
+    void planLeavesTheDatabaseAsItWas_data()
+    {
+        QTest::addColumn<bool>("runFirst");
+        QTest::addColumn<int>("stopAfter"); // statements; 0 lets the plan end
+        QTest::newRow("a new database") << false << 0;
+        QTest::newRow("a database a run brought up to date") << true << 0;
+        QTest::newRow("an interrupted plan") << false << 250;
+    }
+
+    void planLeavesTheDatabaseAsItWas()
+    {
+        QFETCH(bool, runFirst);
+        QFETCH(int, stopAfter);
+        const QString file = m_dir.filePath(QStringLiteral("plan-%1.db").arg(QTest::currentDataTag()));
+        const QString odbc = QStringLiteral("DRIVER={SQLite3};Database=%1;LoadExt=%2").arg(file, QStringLiteral(ZRT_SQLITE_DBO));
+        const QStringList plan{"plan", "--mode", "LOCAL", "--database", "QuorvexA", "--report", file + ".plan"};
+        const QStringList run = kRun + QStringList{"--odbc", odbc, "--report", file + ".run"};
+        QCOMPARE(invoke(run).exit, 3); // makes the files; SQLite refuses some statements
+        if (!runFirst)
+            QVERIFY(QFile::resize(file, 0) && QFile::resize(file + "-dbo", 0));
+        const QByteArray before = fileBytes(file) + '|' + fileBytes(file + "-dbo");
+
+        std::atomic<bool> stop = false;
+        const Invocation planned = invoke(plan, [&] {
+            return std::make_unique<StoppingConnection>(odbcConnectionsTo(odbc)(), stop, stopAfter ? stopAfter : -1);
+        }, &stop);
+        QCOMPARE(planned.exit, stopAfter ? 130 : 3);
+        QCOMPARE(fileBytes(file) + '|' + fileBytes(file + "-dbo"), before);
+        if (stopAfter)
+            return;
+        QCOMPARE(invoke(run).exit, 3);
+        QCOMPARE(outcomes(file + ".plan"), outcomes(file + ".run"));
     }
 
     void runAllReportsEveryDatabase()

@@ -31,6 +31,16 @@ public:
             into = m_server.answers.value(sql, ResultSet(QStringList(), {}));
         return status;
     }
+    DbStatus setAutocommit(bool on) override
+    {
+        record(on ? QStringLiteral("autocommit on") : QStringLiteral("autocommit off"));
+        return m_open ? DbStatus::success() : DbStatus::failure(QStringLiteral("not open"));
+    }
+    DbStatus rollback() override
+    {
+        record(QStringLiteral("rollback"));
+        return m_open ? DbStatus::success() : DbStatus::failure(QStringLiteral("not open"));
+    }
     DbStatus close() override
     {
         record(QStringLiteral("close"));

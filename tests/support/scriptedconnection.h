@@ -13,7 +13,8 @@
 // A server whose answers a test sets: it refuses some opens, fails some
 // statements and answers some queries with rows; every other query finds no
 // row. Each connection it hands out keeps a log of its own calls: "open
-// <string>", "execute <sql>", "query <sql>", "close".
+// <string>", "execute <sql>", "query <sql>", "autocommit on|off", "rollback",
+// "close".
 class ScriptedServer
 {
 public:

@@ -1,0 +1,120 @@
+#include "previewfindings.h"
+
+#include "runplan.h"
+#include "statementresult.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+// "[dbo].[Table] ADD [Column]" and "[dbo].[Table] ALTER COLUMN [Column] [type] (width)".
+const QRegularExpression kAddedColumn(QStringLiteral(R"(^ALTER TABLE \[dbo\]\.\[([^\]]+)\] ADD \[([^\]]+)\])"));
+const QRegularExpression kWidenedColumn(
+    QStringLiteral(R"(^ALTER TABLE \[dbo\]\.\[([^\]]+)\] ALTER COLUMN \[([^\]]+)\] \[[^\]]+\] \((\d+)\))"));
+const QRegularExpression kCreatedTable(QStringLiteral(R"(^CREATE TABLE \[dbo\]\.\[([^\]]+)\])"));
+
+std::optional<int> widthBefore(const QList<SchemaTable> &tables, const QString &table, const QString &column)
+{
+    for (const SchemaTable &known : tables) {
+        if (!sameName(known.name, table))
+            continue;
+        for (const SchemaColumn &field : known.columns) {
+            if (sameName(field.name, column))
+                return field.length;
+        }
+    }
+    return std::nullopt;
+}
+
+QString counted(int count, const char *one, const char *many)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
+}
+
+} // namespace
+
+PreviewFindings::PreviewFindings(DatabaseBefore before)
+    : m_before(std::move(before))
+{
+}
+
+void PreviewFindings::add(const StatementOutcome &outcome)
+{
+    const StatementResult result = classify(outcome);
+    if (result == StatementResult::SourceTableMissing)
+        ++m_sourcesMissing;
+    if (result != StatementResult::Succeeded)
+        return;
+    switch (outcome.action) {
+    case Action::AddColumn:
+        // A new table's columns come with it.
+        if (const QRegularExpressionMatch added = kAddedColumn.match(outcome.text);
+            added.hasMatch() && !m_tablesCreated.contains(added.captured(1)))
+            m_columnsAdded << added.captured(1) + QLatin1Char('.') + added.captured(2);
+        break;
+    case Action::WidenColumn:
+        if (const QRegularExpressionMatch widened = kWidenedColumn.match(outcome.text); widened.hasMatch()) {
+            const QString name = widened.captured(1) + QLatin1Char('.') + widened.captured(2);
+            const int width = widened.captured(3).toInt();
+            const std::optional<int> before = widthBefore(m_before.tables, widened.captured(1), widened.captured(2));
+            if (!before)
+                m_widened << QStringLiteral("%1 to %2").arg(name).arg(width);
+            else if (*before != width)
+                m_widened << QStringLiteral("%1 from %2 to %3").arg(name).arg(*before).arg(width);
+        }
+        break;
+    case Action::CreateTable:
+        if (const QRegularExpressionMatch created = kCreatedTable.match(outcome.text);
+            created.hasMatch() && !rebuiltTables().contains(created.captured(1)))
+            m_tablesCreated << created.captured(1);
+        break;
+    case Action::InsertBuiltInRow:
+        ++m_builtInRows;
+        break;
+    case Action::InsertAccount:
+        ++m_accounts;
+        break;
+    case Action::CreateView:
+        ++m_viewsCreated;
+        break;
+    default:
+        break;
+    }
+}
+
+void PreviewFindings::transactionEndedAt(int index)
+{
+    if (!m_transactionEndedAt)
+        m_transactionEndedAt = index;
+}
+
+QStringList PreviewFindings::lines() const
+{
+    QStringList lines;
+    if (!m_tablesCreated.isEmpty())
+        lines << QStringLiteral("would create %1 with their columns: %2")
+                     .arg(counted(int(m_tablesCreated.size()), "table", "tables"), m_tablesCreated.join(QLatin1String(", ")));
+    if (!m_columnsAdded.isEmpty())
+        lines << QStringLiteral("would add %1: %2")
+                     .arg(counted(int(m_columnsAdded.size()), "column", "columns"), m_columnsAdded.join(QLatin1String(", ")));
+    for (const QString &widened : m_widened)
+        lines << QLatin1String("would widen ") + widened;
+    lines << QLatin1String("would write ") + counted(m_builtInRows, "built-in row", "built-in rows");
+    lines << QLatin1String("would insert ") + counted(m_accounts, "account", "accounts");
+    lines << QStringLiteral("would replace %1, %2")
+                 .arg(counted(m_viewsCreated, "view", "views"),
+                      counted(m_sourcesMissing, "source table missing", "source tables missing"));
+    for (const auto &[table, rows] : m_before.rebuiltTableRows)
+        lines << QStringLiteral("would discard %1 of %2").arg(counted(rows, "row", "rows"), table);
+    if (!m_before.reportHeader.isEmpty()) {
+        QStringList values;
+        for (const auto &[column, value] : m_before.reportHeader)
+            values << QStringLiteral("%1='%2'").arg(column, value);
+        lines << QLatin1String("would discard the report header row: ") + values.join(QLatin1String(", "));
+    }
+    if (m_transactionEndedAt)
+        lines << QStringLiteral("from statement #%1 on, the server had ended the preview's transaction: later "
+                                "statements did not see what earlier ones would do")
+                     .arg(*m_transactionEndedAt);
+    return lines;
+}
