@@ -3,6 +3,9 @@
 #include "commandline.h"
 #include "odbcconnection.h"
 
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QStringList>
 
 // What one command printed and the status it ended with.
@@ -26,3 +29,31 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
     err.flush();
     return result;
 }
+
+inline QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A report's lines: its context, one per statement, its end.
+inline QList<QJsonObject> reportLines(const QString &path)
+{
+    QList<QJsonObject> lines;
+    for (const QByteArray &line : fileBytes(path).split('\n')) {
+        if (!line.isEmpty())
+            lines << QJsonDocument::fromJson(line).object();
+    }
+    return lines;
+}
+
+// Each statement's text and outcome, from a report.
+inline QStringList outcomes(const QString &report)
+{
+    QStringList lines;
+    const QList<QJsonObject> all = reportLines(report);
+    for (const QJsonObject &line : all.mid(1, all.size() - 2))
+        lines << line.value("outcome").toString() + " " + line.value("text").toString();
+    return lines;
+}
+

@@ -23,23 +23,6 @@ const QString kLocalListing = QStringLiteral("Select name From sys.databases Whe
 const QStringList kRun{"run", "--mode", "LOCAL", "--database", "QuorvexA"};
 const QStringList kRunAll{"run", "--all", "--mode", "LOCAL", "--server", "S"};
 
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// A report's lines: its context, one per statement, its end.
-QList<QJsonObject> reportLines(const QString &path)
-{
-    QList<QJsonObject> lines;
-    for (const QByteArray &line : fileBytes(path).split('\n')) {
-        if (!line.isEmpty())
-            lines << QJsonDocument::fromJson(line).object();
-    }
-    return lines;
-}
-
 ServerSetup listing(const QStringList &names)
 {
     return [names](ScriptedServer &server) { server.answers.insert(kLocalListing, singleColumn("name", names)); };
@@ -100,16 +83,6 @@ private:
     std::atomic<bool> &m_stop;
     int m_after;
 };
-
-// Each statement's text and outcome, from a report.
-QStringList outcomes(const QString &report)
-{
-    QStringList lines;
-    const QList<QJsonObject> all = reportLines(report);
-    for (const QJsonObject &line : all.mid(1, all.size() - 2))
-        lines << line.value("outcome").toString() + " " + line.value("text").toString();
-    return lines;
-}
 
 } // namespace
 

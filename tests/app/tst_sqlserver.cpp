@@ -1,5 +1,6 @@
 #include "commandinvocation.h"
 
+#include <QDir>
 #include <QTest>
 
 // Runs against a real SQL Server when ZRT_TEST_SQLSERVER holds an ODBC
@@ -97,12 +98,17 @@ void TestSqlServer::scenario()
     if (!before.isEmpty())
         QCOMPARE(send(database, before), QString());
     const QString odbc = m_master + QStringLiteral(";DATABASE=") + database;
-    const QStringList run{"run", "--mode", "LOCAL", "--database", database, "--odbc", odbc};
-    const Invocation first = invoke(run);
-    const Invocation second = invoke(run);
+    const QStringList run{"run", "--mode", "LOCAL", "--database", database, "--odbc", odbc, "--report"};
+    const QString reports = QDir::temp().filePath(database);
+    // A preview first: the run that follows answers statement for statement as it did.
+    const Invocation plan = invoke(QStringList{"plan"} + run.mid(1) + QStringList{reports + ".plan"});
+    const Invocation first = invoke(run + QStringList{reports + ".run"});
+    const Invocation second = invoke(run + QStringList{reports + ".second"});
+    QCOMPARE(outcomes(reports + ".plan"), outcomes(reports + ".run"));
+    QCOMPARE(send(database, {QStringLiteral("SELECT @@TRANCOUNT AS v")}), QStringLiteral("0"));
     const QString found = send(database, {probe});
     send(QString(), {QStringLiteral("DROP DATABASE [%1]").arg(database)});
-    QVERIFY2(first.err.isEmpty() && second.err.isEmpty(), qPrintable(first.err + second.err));
+    QVERIFY2(plan.err.isEmpty() && first.err.isEmpty() && second.err.isEmpty(), qPrintable(plan.err + first.err + second.err));
     QCOMPARE(found, expected);
 }
 
