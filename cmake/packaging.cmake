@@ -10,5 +10,5 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION database)
 # The libraries it links, found by dpkg-shlibdeps, and what it loads at run time.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-odbc, unixodbc, tdsodbc")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "unixodbc, tdsodbc")
 include(CPack)

@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev libqt6sql6-odbc unixodbc unixodbc-dev odbcinst tdsodbc libsqliteodbc)
+packages=(cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev unixodbc unixodbc-dev odbcinst tdsodbc libsqliteodbc)
 missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")

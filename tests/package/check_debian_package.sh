@@ -9,7 +9,7 @@ trap 'rm -rf "$out"' EXIT
 deb=$(ls "$out"/*.deb)
 info=$(dpkg-deb --info "$deb")
 echo "$info" | grep '^ Depends:'
-for needed in libqt6sql6-odbc tdsodbc unixodbc libqt6widgets6; do
+for needed in libodbc2 tdsodbc unixodbc libqt6widgets6; do
     echo "$info" | grep '^ Depends:' | grep -q "$needed" || { echo "missing dependency: $needed"; exit 1; }
 done
 contents=$(dpkg-deb --contents "$deb")
