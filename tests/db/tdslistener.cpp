@@ -3,146 +3,66 @@
 #include <QtEndian>
 
 #include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <optional>
-
 namespace {
 
-enum : char { kBatch = 0x01, kReply = 0x04, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 };
-constexpr int kHeaderSize = 8;
+enum : char { kBatch = 0x01, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 };
 
-bool readExactly(int socket, char *into, qsizetype size)
+// Whole replies, one packet each. Pre-login: version 15.0.2000, encryption not supported.
+constexpr char kPreloginReply[] = "0401001a0000010000000b00060100110001ff0f0007d0000002";
+// Login acknowledged for TDS 7.4, packet size 4096, done.
+constexpr char kLoginReply[] = "0401004800000100ad1a000174000004084c0069007300740065006e00650072000f000000e313000404"
+                               "3400300039003600043400300039003600fd000000000000000000000000";
+// Error kRefusal, severity 16, "Refused by the listener.", then done with its error bit.
+constexpr char kRefusalReply[] = "0401006600000100aa4e00cbc30000011018005200650066007500730065006400200062007900200074"
+                                 "006800650020006c0069007300740065006e00650072002e00084c0069007300740065006e00650072"
+                                 "000001000000fd020000000000000000000000";
+constexpr char kDoneReply[] = "0401001500000100fd000000000000000000000000";
+constexpr char kCancelledReply[] = "0401001500000100fd200000000000000000000000";
+
+// One packet's type and body; the driver's messages here fit in one packet each.
+bool readPacket(int socket, char *type, QByteArray *body)
 {
-    for (qsizetype done = 0; done < size;) {
-        const ssize_t got = ::recv(socket, into + done, size - done, 0);
-        if (got <= 0)
-            return false;
-        done += got;
-    }
-    return true;
+    char header[8];
+    if (::recv(socket, header, sizeof header, MSG_WAITALL) != sizeof header)
+        return false;
+    *type = header[0];
+    body->resize(qFromBigEndian<quint16>(header + 2) - qsizetype(sizeof header));
+    return body->isEmpty() || ::recv(socket, body->data(), body->size(), MSG_WAITALL) == body->size();
 }
 
-struct Message
+void reply(int socket, const QByteArray &bytes)
 {
-    char type = 0;
-    QByteArray payload;
-};
-
-// One message, joined from its packets.
-std::optional<Message> readMessage(int socket)
-{
-    Message message;
-    for (;;) {
-        char header[kHeaderSize];
-        if (!readExactly(socket, header, kHeaderSize))
-            return std::nullopt;
-        message.type = header[0];
-        QByteArray body(qFromBigEndian<quint16>(header + 2) - kHeaderSize, '\0');
-        if (!readExactly(socket, body.data(), body.size()))
-            return std::nullopt;
-        message.payload += body;
-        if (header[1] & 1) // the last packet of the message
-            return message;
-    }
+    ::send(socket, bytes.constData(), bytes.size(), MSG_NOSIGNAL);
 }
 
-void sendBytes(int socket, const QByteArray &bytes)
+QString utf16(const char *bytes, qsizetype characters)
 {
-    for (qsizetype done = 0; done < bytes.size();) {
-        const ssize_t sent = ::send(socket, bytes.constData() + done, bytes.size() - done, MSG_NOSIGNAL);
-        if (sent <= 0)
-            return;
-        done += sent;
-    }
+    return QString::fromUtf16(reinterpret_cast<const char16_t *>(bytes), characters);
 }
 
-void sendReply(int socket, const QByteArray &payload)
-{
-    QByteArray header(kHeaderSize, '\0');
-    header[0] = kReply;
-    header[1] = 1;
-    qToBigEndian<quint16>(quint16(kHeaderSize + payload.size()), header.data() + 2);
-    header[6] = 1;
-    sendBytes(socket, header + payload);
-}
-
-QByteArray littleEndian(quint32 value, int size)
-{
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes.left(size);
-}
-
-QByteArray utf16(const QString &text)
-{
-    return QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
-}
-
-QByteArray shortText(const QString &text)
-{
-    return char(text.size()) + utf16(text);
-}
-
-QByteArray token(char type, const QByteArray &body)
-{
-    return type + littleEndian(body.size(), 2) + body;
-}
-
-QByteArray done(quint16 status)
-{
-    return char(0xFD) + littleEndian(status, 2) + littleEndian(0, 2) + QByteArray(8, '\0');
-}
-
-// Version 15.0.2000, then encryption not supported.
-QByteArray preloginReply()
-{
-    return QByteArray::fromHex("00000b00060100110001ff0f0007d0000002");
-}
-
-QByteArray loginReply()
-{
-    const QByteArray acknowledged = char(1) + QByteArray::fromHex("74000004") + shortText(QStringLiteral("Listener"))
-        + QByteArray::fromHex("0f000000");
-    const QByteArray packetSize = char(4) + shortText(QStringLiteral("4096")) + shortText(QStringLiteral("4096"));
-    return token(char(0xAD), acknowledged) + token(char(0xE3), packetSize) + done(0);
-}
-
-QByteArray refusal()
-{
-    const QString message = QStringLiteral("Refused by the listener.");
-    const QByteArray error = littleEndian(TdsListener::kRefusal, 4) + char(1) + char(16)
-        + littleEndian(message.size(), 2) + utf16(message) + shortText(QStringLiteral("Listener")) + shortText(QString())
-        + littleEndian(1, 4);
-    return token(char(0xAA), error) + done(2);
-}
-
-// A text of the login, named by its offset and length in characters.
+// A text of the login, named by the place of its offset and length.
 QString loginText(const QByteArray &login, int field)
 {
-    const auto offset = qFromLittleEndian<quint16>(login.constData() + field);
-    const auto length = qFromLittleEndian<quint16>(login.constData() + field + 2);
-    return QString::fromUtf16(reinterpret_cast<const char16_t *>(login.constData() + offset), length);
+    return utf16(login.constData() + qFromLittleEndian<quint16>(login.constData() + field),
+                 qFromLittleEndian<quint16>(login.constData() + field + 2));
 }
 
+// The batch's text follows its headers.
 QString batchText(const QByteArray &batch)
 {
     const auto headers = qFromLittleEndian<quint32>(batch.constData());
-    return QString::fromUtf16(reinterpret_cast<const char16_t *>(batch.constData() + headers),
-                              (batch.size() - headers) / 2);
+    return utf16(batch.constData() + headers, (batch.size() - headers) / 2);
 }
 
 } // namespace
 
-TdsListener::TdsListener()
-    : TdsListener(Answers())
-{
-}
-
-TdsListener::TdsListener(Answers answers)
-    : m_answers(std::move(answers))
+TdsListener::TdsListener(Manner manner, QString refusedBatch, QString unansweredBatch)
+    : m_manner(manner)
+    , m_refusedBatch(std::move(refusedBatch))
+    , m_unansweredBatch(std::move(unansweredBatch))
     , m_socket(::socket(AF_INET, SOCK_STREAM, 0))
 {
     sockaddr_in address{};
@@ -153,17 +73,14 @@ TdsListener::TdsListener(Answers answers)
     ::listen(m_socket, 4);
     ::getsockname(m_socket, reinterpret_cast<sockaddr *>(&address), &size);
     m_port = ntohs(address.sin_port);
-    m_thread = std::thread([this] { serve(); });
+    m_thread = std::thread([this] {
+        for (int client; (client = ::accept(m_socket, nullptr, nullptr)) >= 0; ::close(client))
+            converse(client);
+    });
 }
 
 TdsListener::~TdsListener()
 {
-    {
-        QMutexLocker lock(&m_mutex);
-        m_stopping = true;
-        if (m_client >= 0)
-            ::shutdown(m_client, SHUT_RDWR);
-    }
     ::shutdown(m_socket, SHUT_RDWR);
     m_thread.join();
     ::close(m_socket);
@@ -176,59 +93,38 @@ QString TdsListener::dataSource() const
 
 TdsListener::Received TdsListener::received() const
 {
-    QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_received;
-}
-
-void TdsListener::serve()
-{
-    for (;;) {
-        const int client = ::accept(m_socket, nullptr, nullptr);
-        if (client < 0)
-            return;
-        bool serving = false;
-        {
-            QMutexLocker lock(&m_mutex);
-            ++m_received.connections;
-            serving = !m_stopping;
-            m_client = serving ? client : -1;
-        }
-        if (serving)
-            converse(client);
-        {
-            QMutexLocker lock(&m_mutex);
-            m_client = -1;
-        }
-        ::close(client);
-    }
 }
 
 void TdsListener::converse(int client)
 {
-    while (const std::optional<Message> message = readMessage(client)) {
-        if (m_answers.manner == Manner::Silent)
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_received.connections;
+    }
+    char type = 0;
+    QByteArray body;
+    while (readPacket(client, &type, &body)) {
+        if (m_manner == Manner::Garbage)
+            reply(client, "HTTP/1.1 400 Bad Request\r\n\r\n");
+        if (m_manner != Manner::Answering)
             continue;
-        if (m_answers.manner == Manner::Garbage) {
-            sendBytes(client, "HTTP/1.1 400 Bad Request\r\n\r\n");
-            continue;
-        }
-        QMutexLocker lock(&m_mutex);
-        if (message->type == kPrelogin) {
-            sendReply(client, preloginReply());
-        } else if (message->type == kLogin) {
-            m_received.user = loginText(message->payload, 40);
-            m_received.serverName = loginText(message->payload, 52);
-            m_received.database = loginText(message->payload, 68);
-            sendReply(client, loginReply());
-        } else if (message->type == kAttention) {
-            sendReply(client, done(0x20)); // the cancel acknowledged
-        } else if (message->type == kBatch) {
-            const QString text = batchText(message->payload);
+        const std::lock_guard lock(m_mutex);
+        if (type == kPrelogin) {
+            reply(client, QByteArray::fromHex(kPreloginReply));
+        } else if (type == kLogin) {
+            m_received.user = loginText(body, 40);
+            m_received.database = loginText(body, 68);
+            reply(client, QByteArray::fromHex(kLoginReply));
+        } else if (type == kAttention) {
+            reply(client, QByteArray::fromHex(kCancelledReply));
+        } else if (type == kBatch) {
+            const QString text = batchText(body);
             m_received.batches << text;
-            if (!m_answers.unansweredBatch.isEmpty() && text.startsWith(m_answers.unansweredBatch))
-                continue;
-            const bool refused = !m_answers.refusedBatch.isEmpty() && text.startsWith(m_answers.refusedBatch);
-            sendReply(client, refused ? refusal() : done(0));
+            const auto begins = [&text](const QString &start) { return !start.isEmpty() && text.startsWith(start); };
+            if (!begins(m_unansweredBatch))
+                reply(client, QByteArray::fromHex(begins(m_refusedBatch) ? kRefusalReply : kDoneReply));
         }
     }
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QMutex>
 #include <QStringList>
 
+#include <mutex>
 #include <thread>
 
 // A listener on the loopback address that speaks just enough of SQL Server's
@@ -13,26 +13,20 @@ class TdsListener
 public:
     enum class Manner { Answering, Silent, Garbage };
 
-    struct Answers
-    {
-        Manner manner = Manner::Answering;
-        QString refusedBatch;    // batches beginning so are refused with kRefusal
-        QString unansweredBatch; // batches beginning so get no answer until the client cancels
-    };
-
     struct Received
     {
         int connections = 0;
         QString user;
-        QString serverName;
         QString database; // as named in the login
         QStringList batches;
     };
 
     static constexpr int kRefusal = 50123;
 
-    TdsListener();
-    explicit TdsListener(Answers answers);
+    // Batches beginning with `refusedBatch` are refused with kRefusal; those
+    // beginning with `unansweredBatch` get no answer until the client cancels.
+    explicit TdsListener(Manner manner = Manner::Answering, QString refusedBatch = {}, QString unansweredBatch = {});
+    // Waits for the client to hang up first.
     ~TdsListener();
 
     // "127.0.0.1,port", as a connection profile names a server.
@@ -40,15 +34,14 @@ public:
     Received received() const;
 
 private:
-    void serve();
     void converse(int client);
 
-    const Answers m_answers;
+    const Manner m_manner;
+    const QString m_refusedBatch;
+    const QString m_unansweredBatch;
     int m_socket = -1;
-    quint16 m_port = 0;
-    mutable QMutex m_mutex;
+    int m_port = 0;
+    mutable std::mutex m_mutex;
     Received m_received;
-    int m_client = -1;
-    bool m_stopping = false;
     std::thread m_thread;
 };

@@ -4,13 +4,9 @@
 
 #include <QTest>
 
-namespace {
+using namespace ConnectionProfiles;
 
-QString localRunString(const QString &database, const QString &dataSource)
-{
-    return ConnectionProfiles::runConnectionString(*ConnectionProfiles::prefix(QStringLiteral("LOCAL")), database,
-                                                   dataSource);
-}
+namespace {
 
 // The catalog that a "USE [name]" batch selects, as the server reads it.
 QString selectedCatalog(const QStringList &batches)
@@ -42,7 +38,6 @@ void TestConnectionStrings::oleDbStrings_data()
 {
     QTest::addColumn<QString>("built");
     QTest::addColumn<QString>("expected");
-    using namespace ConnectionProfiles;
     QTest::newRow("run OFFLINE") << runConnectionString(*prefix(QStringLiteral("OFFLINE")), QStringLiteral("QuorvexAB2024"), QString())
                                  << "Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=QuorvexAB2024;Data Source=";
     QTest::newRow("run LOCAL") << runConnectionString(*prefix(QStringLiteral("LOCAL")), QStringLiteral("QuorvexX"), QString())
@@ -66,7 +61,6 @@ void TestConnectionStrings::oleDbStrings()
 
 void TestConnectionStrings::onlineDataSource()
 {
-    using namespace ConnectionProfiles;
     QVERIFY(!prefix(QStringLiteral("offline")));
     QVERIFY(!listingConnectionString(QStringLiteral("ONLINE"), QStringLiteral("SERVER")));
     qputenv("ZRT_ONLINE_SERVER", "db.example.test");
@@ -95,12 +89,10 @@ void TestConnectionStrings::namesReachTheChosenServer()
 {
     QFETCH(QString, database);
     TdsListener server;
-    const std::unique_ptr<Connection> connection = sqlServerConnections()();
-    const DbStatus opened = connection->open(localRunString(database, server.dataSource()));
+    const DbStatus opened = sqlServerConnections()()->open(runConnectionString(*prefix("LOCAL"), database, server.dataSource()));
     QVERIFY2(opened.ok, qPrintable(opened.message));
     const TdsListener::Received received = server.received();
-    QCOMPARE(received.user, QStringLiteral("quorvex"));
-    QCOMPARE(received.serverName, QStringLiteral("127.0.0.1"));
+    QCOMPARE(received.user, "quorvex");
     QVERIFY(received.database.isEmpty());
     QCOMPARE(selectedCatalog(received.batches), database);
 }
@@ -111,16 +103,15 @@ void TestConnectionStrings::openFails_data()
     QTest::addColumn<QByteArray>("encrypt");
     QTest::addColumn<QString>("refusedBatch");
     QTest::addColumn<QString>("message");
-    QTest::addColumn<int>("nativeError");
     QTest::addColumn<int>("connections");
-    QTest::newRow("server with keywords") << ";PORT=1" << QByteArray() << QString() << "; { } =" << 0 << 0;
-    QTest::newRow("server with a brace") << "}" << QByteArray() << QString() << "; { } =" << 0 << 0;
-    QTest::newRow("encryption neither requested nor required")
-        << QString() << QByteArray("off") << QString() << "ZRT_ENCRYPT" << 0 << 0;
-    QTest::newRow("encryption required of a server without it")
-        << QString() << QByteArray("require") << QString() << QString() << 0 << 1;
+    QTest::newRow("server with keywords") << ";PORT=1" << QByteArray() << QString() << "; { } =" << 0;
+    QTest::newRow("server with a brace") << "}" << QByteArray() << QString() << "; { } =" << 0;
+    QTest::newRow("encryption neither requested nor required") << QString() << QByteArray("off") << QString()
+                                                               << "ZRT_ENCRYPT" << 0;
+    QTest::newRow("encryption required of a server without it") << QString() << QByteArray("require") << QString()
+                                                                 << QString() << 1;
     QTest::newRow("catalog the server will not select") << QString() << QByteArray() << "USE"
-                                                         << "Refused by the listener." << TdsListener::kRefusal << 1;
+                                                        << "Refused by the listener." << 1;
 }
 
 void TestConnectionStrings::openFails()
@@ -129,18 +120,16 @@ void TestConnectionStrings::openFails()
     QFETCH(QByteArray, encrypt);
     QFETCH(QString, refusedBatch);
     QFETCH(QString, message);
-    QFETCH(int, nativeError);
     QFETCH(int, connections);
-    TdsListener server({TdsListener::Manner::Answering, refusedBatch, QString()});
-    if (!encrypt.isEmpty())
-        qputenv("ZRT_ENCRYPT", encrypt);
-    const std::unique_ptr<Connection> connection = sqlServerConnections()();
-    const DbStatus opened = connection->open(localRunString(QStringLiteral("QuorvexA"), server.dataSource() + serverSuffix));
+    TdsListener server(TdsListener::Manner::Answering, refusedBatch);
+    qputenv("ZRT_ENCRYPT", encrypt.isEmpty() ? QByteArray("request") : encrypt);
+    const auto connection = sqlServerConnections()();
+    const DbStatus opened = connection->open(runConnectionString(*prefix("LOCAL"), "QuorvexA", server.dataSource() + serverSuffix));
     qunsetenv("ZRT_ENCRYPT");
     QVERIFY(!opened.ok);
     QVERIFY(!connection->isOpen());
     QVERIFY2(opened.message.contains(message), qPrintable(opened.message));
-    QCOMPARE(opened.nativeError, nativeError);
+    QCOMPARE(opened.nativeError, refusedBatch.isEmpty() ? 0 : TdsListener::kRefusal);
     QCOMPARE(server.received().connections, connections);
 }
 
