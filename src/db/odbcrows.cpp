@@ -57,20 +57,19 @@ ResultSet readRows(const OdbcHandle &statement, SQLSMALLINT columns, bool *fetch
     for (SQLUSMALLINT column = 1; column <= columns; ++column)
         names << columnName(statement, column);
     QList<QVariantList> rows;
+    *fetchFailed = true; // until the end is reached
     for (;;) {
         const SQLRETURN fetched = SQLFetch(statement.get());
         if (fetched == SQL_NO_DATA)
             break;
+        if (!SQL_SUCCEEDED(fetched))
+            return ResultSet(names, rows, statement.failure());
         QVariantList row;
-        for (SQLUSMALLINT column = 1; SQL_SUCCEEDED(fetched) && column <= columns; ++column) {
+        for (SQLUSMALLINT column = 1; column <= columns; ++column) {
             const std::optional<QVariant> value = readText(statement, column);
             if (!value)
-                break;
+                return ResultSet(names, rows, statement.failure());
             row << *value;
-        }
-        if (row.size() < columns) {
-            *fetchFailed = true;
-            return ResultSet(names, rows, statement.failure());
         }
         rows << row;
     }
