@@ -88,7 +88,9 @@ OdbcTarget refused(const QString &why)
 
 OdbcTarget odbcTargetFromOleDb(const QString &oleDb)
 {
-    const QString encryption = qEnvironmentVariable("ZRT_ENCRYPT", QStringLiteral("request"));
+    QString encryption = qEnvironmentVariable("ZRT_ENCRYPT");
+    if (encryption.isEmpty())
+        encryption = QStringLiteral("request");
     if (encryption != QLatin1String("request") && encryption != QLatin1String("require"))
         return refused(QStringLiteral("ZRT_ENCRYPT must be \"request\" or \"require\", not \"%1\".").arg(encryption));
     const OleDbString ole = parseOleDb(oleDb);
