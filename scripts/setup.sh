@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-bash scripts/install_missing.sh cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev libqt6sql6-odbc unixodbc \
+bash scripts/install_missing.sh cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev unixodbc \
     unixodbc-dev odbcinst tdsodbc libsqliteodbc help2man
 
 register_driver() { # name, library file

@@ -36,7 +36,8 @@ int main(int argc, char *argv[])
     QTextStream err(stderr);
     // Ctrl-C lets the statement under way finish, so no run stops half-sent.
     std::signal(SIGINT, [](int) { interrupted = true; });
-    CommandContext context{out, err, sqlServerConnections(), odbcConnectionsTo, isatty(fileno(stderr)) != 0,
+    CommandContext context{out, err, sqlServerConnections(),
+                           [](const QString &odbc) { return odbcConnectionsTo(odbc); }, isatty(fileno(stderr)) != 0,
                            &interrupted};
     return runCommandLine(application.arguments(), context);
 }

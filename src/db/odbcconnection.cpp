@@ -1,147 +1,173 @@
 #include "odbcconnection.h"
 
-#include "odbcconnectionstring.h"
-
-#include <QAtomicInteger>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QSqlRecord>
+#include "odbchandle.h"
+#include "odbcrows.h"
 
 namespace {
 
-// An unreachable server must answer with an error, not freeze the window.
-constexpr int kLoginTimeoutSeconds = 5;
-
-QString uniqueConnectionName()
+SQLWCHAR *wide(const QString &text)
 {
-    static QAtomicInteger<quint64> counter;
-    return QStringLiteral("zrt-odbc-%1").arg(counter.fetchAndAddRelaxed(1));
+    return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(text.utf16()));
 }
 
-DbStatus failureFrom(const QSqlError &error)
+// An attribute's whole-number value, as ODBC passes it.
+SQLPOINTER attribute(int value)
 {
-    return DbStatus::failure(error.text(), error.nativeErrorCode().toInt());
+    return reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(value));
 }
 
-// Qt's ODBC driver prefixes "DSN=" to any string without DRIVER= or SERVER=,
-// so a DSN string is handed over without its own keyword.
-QString forQtOdbc(const QString &odbc)
+QString bracketed(QString name)
 {
-    static const QLatin1String dsn("DSN=");
-    if (odbc.startsWith(dsn, Qt::CaseInsensitive) && !odbc.contains(QLatin1String("DRIVER="), Qt::CaseInsensitive)
-        && !odbc.contains(QLatin1String("SERVER="), Qt::CaseInsensitive))
-        return odbc.mid(dsn.size());
-    return odbc;
+    return QLatin1Char('[') + name.replace(QLatin1Char(']'), QLatin1String("]]")) + QLatin1Char(']');
+}
+
+DbStatus notOpen()
+{
+    return DbStatus::failure(QStringLiteral("The connection is not open."));
 }
 
 } // namespace
 
-OdbcConnection::OdbcConnection(Translator toOdbc)
+// The environment and connection handles of one open connection.
+struct OdbcConnection::Session
+{
+    OdbcHandle environment{SQL_HANDLE_ENV, SQL_NULL_HANDLE};
+    OdbcHandle connection{SQL_HANDLE_DBC, speakingOdbc3(environment)};
+    bool connected = false;
+    bool manualCommit = false;
+
+    ~Session()
+    {
+        // A transaction left open is undone, never committed; the driver
+        // would refuse to disconnect from it.
+        if (connected && manualCommit)
+            SQLEndTran(SQL_HANDLE_DBC, connection.get(), SQL_ROLLBACK);
+        if (connected)
+            SQLDisconnect(connection.get());
+    }
+
+    static SQLHANDLE speakingOdbc3(const OdbcHandle &environment)
+    {
+        SQLSetEnvAttr(environment.get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+        return environment.get();
+    }
+};
+
+OdbcConnection::OdbcConnection(Translator toOdbc, OdbcTimeouts timeouts)
     : m_toOdbc(std::move(toOdbc))
-    , m_name(uniqueConnectionName())
+    , m_timeouts(timeouts)
 {
 }
 
-OdbcConnection::~OdbcConnection()
-{
-    close();
-}
+OdbcConnection::~OdbcConnection() = default;
 
 DbStatus OdbcConnection::open(const QString &connectionString)
 {
-    if (m_open)
+    if (m_session)
         return DbStatus::failure(QStringLiteral("The connection is already open."));
-    DbStatus status;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), m_name);
-        db.setDatabaseName(forQtOdbc(m_toOdbc(connectionString)));
-        db.setConnectOptions(QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=%1").arg(kLoginTimeoutSeconds));
-        m_open = db.open();
-        if (!m_open)
-            status = failureFrom(db.lastError());
+    const OdbcTarget target = m_toOdbc(connectionString);
+    if (!target.refusal.isEmpty())
+        return DbStatus::failure(target.refusal);
+    auto session = std::make_unique<Session>();
+    if (!session->connection.isValid())
+        return DbStatus::failure(QStringLiteral("The ODBC driver manager could not be set up."));
+    const SQLHDBC connection = session->connection.get();
+    // The driver bounds the login by one, the waits around it by the other.
+    SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT, attribute(m_timeouts.loginSeconds), SQL_IS_UINTEGER);
+    SQLSetConnectAttrW(connection, SQL_ATTR_CONNECTION_TIMEOUT, attribute(m_timeouts.loginSeconds), SQL_IS_UINTEGER);
+    const SQLRETURN connected = SQLDriverConnectW(connection, nullptr, wide(target.connectionString),
+                                                  SQLSMALLINT(target.connectionString.size()), nullptr, 0, nullptr,
+                                                  SQL_DRIVER_NOPROMPT);
+    if (!SQL_SUCCEEDED(connected))
+        return session->connection.failure();
+    session->connected = true;
+    m_session = std::move(session);
+    if (!target.catalog.isEmpty()) {
+        const DbStatus selected = run(QLatin1String("USE ") + bracketed(target.catalog), m_timeouts.loginSeconds, nullptr);
+        if (!selected.ok) {
+            m_session.reset();
+            return selected;
+        }
     }
-    if (!m_open)
-        QSqlDatabase::removeDatabase(m_name);
-    return status;
+    return DbStatus::success();
 }
 
 DbStatus OdbcConnection::execute(const QString &sql)
 {
-    if (!m_open)
-        return DbStatus::failure(QStringLiteral("The connection is not open."));
-    QSqlQuery statement(QSqlDatabase::database(m_name, false));
-    statement.setForwardOnly(true);
-    if (!statement.exec(sql))
-        return failureFrom(statement.lastError());
-    return DbStatus::success();
+    return m_session ? run(sql, m_timeouts.statementSeconds, nullptr) : notOpen();
 }
 
 DbStatus OdbcConnection::query(const QString &sql, ResultSet &into)
 {
-    if (!m_open)
-        return DbStatus::failure(QStringLiteral("The connection is not open."));
-    QSqlQuery statement(QSqlDatabase::database(m_name, false));
-    statement.setForwardOnly(true);
-    if (!statement.exec(sql))
-        return failureFrom(statement.lastError());
+    return m_session ? run(sql, m_timeouts.statementSeconds, &into) : notOpen();
+}
 
-    const QSqlRecord record = statement.record();
-    QStringList columns;
-    for (int i = 0; i < record.count(); ++i)
-        columns << record.fieldName(i);
-    QList<QVariantList> rows;
-    while (statement.next()) {
-        QVariantList row;
-        row.reserve(record.count());
-        for (int i = 0; i < record.count(); ++i)
-            row << statement.value(i);
-        rows << row;
+DbStatus OdbcConnection::run(const QString &sql, int timeoutSeconds, ResultSet *into)
+{
+    const OdbcHandle statement(SQL_HANDLE_STMT, m_session->connection.get());
+    if (!statement.isValid())
+        return m_session->connection.failure();
+    SQLSetStmtAttrW(statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(timeoutSeconds), SQL_IS_UINTEGER);
+    SQLRETURN result = SQLExecDirectW(statement.get(), wide(sql), SQLINTEGER(sql.size()));
+    std::optional<ResultSet> rows;
+    // Every result is walked, so that a failure in any of them is seen and the
+    // connection is free for the next statement.
+    for (;;) {
+        if (result != SQL_NO_DATA && !SQL_SUCCEEDED(result))
+            return statement.failure();
+        SQLSMALLINT columns = 0;
+        if (into && !rows && result != SQL_NO_DATA && SQL_SUCCEEDED(SQLNumResultCols(statement.get(), &columns))
+            && columns > 0) {
+            bool fetchFailed = false;
+            rows = readRows(statement, columns, &fetchFailed);
+            if (fetchFailed)
+                break; // the set ends where the server failed
+        }
+        result = SQLMoreResults(statement.get());
+        if (result == SQL_NO_DATA)
+            break;
     }
-    std::optional<DbStatus> fetchError;
-    if (statement.lastError().isValid())
-        fetchError = failureFrom(statement.lastError());
-    into = ResultSet(columns, rows, fetchError);
+    if (into)
+        *into = rows ? std::move(*rows) : ResultSet(QStringList(), {});
     return DbStatus::success();
 }
 
 DbStatus OdbcConnection::setAutocommit(bool on)
 {
-    QSqlDatabase db = QSqlDatabase::database(m_name, false);
-    if (on || !db.transaction())
-        return on ? DbStatus::success() : failureFrom(db.lastError());
+    if (!m_session)
+        return notOpen();
+    const SQLRETURN set = SQLSetConnectAttrW(m_session->connection.get(), SQL_ATTR_AUTOCOMMIT,
+                                             attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER);
+    if (!SQL_SUCCEEDED(set))
+        return m_session->connection.failure();
+    m_session->manualCommit = !on;
     return DbStatus::success();
 }
 
 DbStatus OdbcConnection::rollback()
 {
-    QSqlDatabase db = QSqlDatabase::database(m_name, false);
-    return db.rollback() ? DbStatus::success() : failureFrom(db.lastError());
+    if (!m_session)
+        return notOpen();
+    const SQLRETURN ended = SQLEndTran(SQL_HANDLE_DBC, m_session->connection.get(), SQL_ROLLBACK);
+    return SQL_SUCCEEDED(ended) ? DbStatus::success() : m_session->connection.failure();
 }
 
 DbStatus OdbcConnection::close()
 {
-    if (!m_open)
-        return DbStatus::failure(QStringLiteral("The connection is not open."));
-    QSqlDatabase::database(m_name, false).close();
-    QSqlDatabase::removeDatabase(m_name);
-    m_open = false;
+    if (!m_session)
+        return notOpen();
+    m_session.reset();
     return DbStatus::success();
 }
 
-bool OdbcConnection::isOpen() const
+ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts)
 {
-    return m_open;
+    return [timeouts] { return std::make_unique<OdbcConnection>(odbcTargetFromOleDb, timeouts); };
 }
 
-ConnectionFactory sqlServerConnections()
+ConnectionFactory odbcConnectionsTo(const QString &odbc, OdbcTimeouts timeouts)
 {
-    return [] {
-        return std::make_unique<OdbcConnection>([](const QString &oleDb) { return odbcFromOleDb(oleDb); });
+    return [odbc, timeouts] {
+        return std::make_unique<OdbcConnection>([odbc](const QString &) { return OdbcTarget{odbc, {}, {}}; }, timeouts);
     };
-}
-
-ConnectionFactory odbcConnectionsTo(const QString &odbc)
-{
-    return [odbc] { return std::make_unique<OdbcConnection>([odbc](const QString &) { return odbc; }); };
 }

@@ -1,17 +1,27 @@
 #pragma once
 
 #include "connection.h"
+#include "odbcconnectionstring.h"
 
 #include <QString>
 
-// A connection over Qt SQL's ODBC driver. open() receives the connection
-// string as the system builds it and passes it through `toOdbc` first.
+#include <memory>
+
+// How long a connection waits on its server before it gives up.
+struct OdbcTimeouts
+{
+    int loginSeconds = 15;     // connecting and logging in, and selecting the catalog
+    int statementSeconds = 30; // each statement, which then fails as timed out; 0 waits for ever
+};
+
+// A connection over the ODBC driver manager. open() receives the connection
+// string as the system builds it and asks `toOdbc` what to give the driver.
 class OdbcConnection : public Connection
 {
 public:
-    using Translator = std::function<QString(const QString &)>;
+    using Translator = std::function<OdbcTarget(const QString &)>;
 
-    explicit OdbcConnection(Translator toOdbc);
+    explicit OdbcConnection(Translator toOdbc, OdbcTimeouts timeouts = {});
     ~OdbcConnection() override;
 
     DbStatus open(const QString &connectionString) override;
@@ -20,16 +30,22 @@ public:
     DbStatus setAutocommit(bool on) override;
     DbStatus rollback() override;
     DbStatus close() override;
-    bool isOpen() const override;
+    bool isOpen() const override { return m_session != nullptr; }
 
 private:
+    struct Session;
+
+    // Runs one statement, reading its first result set with columns into
+    // `into` when one is asked for.
+    DbStatus run(const QString &sql, int timeoutSeconds, ResultSet *into);
+
     Translator m_toOdbc;
-    QString m_name;
-    bool m_open = false;
+    OdbcTimeouts m_timeouts;
+    std::unique_ptr<Session> m_session;
 };
 
-// Connections to SQL Server through the configured ODBC driver.
-ConnectionFactory sqlServerConnections();
+// Connections to SQL Server that open the profiles' OLE DB strings.
+ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts = {});
 
-// Connections that open `odbc` whatever string the system gives them.
-ConnectionFactory odbcConnectionsTo(const QString &odbc);
+// Connections that open `odbc`, exactly as given, whatever string the system gives them.
+ConnectionFactory odbcConnectionsTo(const QString &odbc, OdbcTimeouts timeouts = {});

@@ -6,76 +6,40 @@
 namespace {
 
 constexpr int kDefaultPort = 1433;
+// Pinned, so that the driver never falls back to an older protocol and waits
+// on a server that does not answer.
+constexpr char kTdsVersion[] = "7.4";
 
-// OLE DB keywords are case-insensitive; a value may be quoted with ' or ",
-// a doubled quote standing for itself. The system's strings end with the
-// catalog and the data source, whose texts are typed by the operator: the
-// catalog runs to the last ";Data Source=" and the data source to the end, so
-// that no typed text can add or change a keyword.
-QHash<QString, QString> parseOleDb(const QString &text)
+// The profiles' strings end with the catalog and the data source, whose texts
+// are typed or listed: the catalog runs to the last ";Data Source=" and the
+// data source to the end. Only the fixed keywords before them are split.
+struct OleDbString
 {
+    QHash<QString, QString> keywords; // lower-case names
+    QString catalog;
+    QString dataSource;
+};
+
+OleDbString parseOleDb(const QString &text)
+{
+    static const QLatin1String catalogKey("Initial Catalog=");
     static const QLatin1String dataSourceKey(";Data Source=");
-    QHash<QString, QString> pairs;
-    qsizetype i = 0;
-    const qsizetype n = text.size();
-    while (i < n) {
-        const qsizetype equals = text.indexOf(QLatin1Char('='), i);
-        const qsizetype semicolon = text.indexOf(QLatin1Char(';'), i);
-        if (equals < 0 || (semicolon >= 0 && semicolon < equals)) {
-            if (semicolon < 0)
-                break;
-            i = semicolon + 1; // a piece without '=' carries no keyword
-            continue;
-        }
-        const QString key = text.mid(i, equals - i).trimmed().toLower();
-        i = equals + 1;
-        QString value;
-        if (key == QLatin1String("data source")) {
-            value = text.mid(i);
-            i = n;
-        } else if (key == QLatin1String("initial catalog")) {
-            const qsizetype end = text.lastIndexOf(dataSourceKey, -1, Qt::CaseInsensitive);
-            value = text.mid(i, (end < i ? n : end) - i);
-            i = end < i ? n : end + 1;
-        } else if (i < n && (text[i] == QLatin1Char('\'') || text[i] == QLatin1Char('"'))) {
-            const QChar quote = text[i++];
-            while (i < n) {
-                if (text[i] == quote) {
-                    if (i + 1 < n && text[i + 1] == quote) {
-                        value += quote;
-                        i += 2;
-                        continue;
-                    }
-                    ++i;
-                    break;
-                }
-                value += text[i++];
-            }
-            const qsizetype end = text.indexOf(QLatin1Char(';'), i);
-            i = end < 0 ? n : end + 1;
-        } else {
-            const qsizetype end = text.indexOf(QLatin1Char(';'), i);
-            value = text.mid(i, (end < 0 ? n : end) - i).trimmed();
-            i = end < 0 ? n : end + 1;
-        }
-        if (!key.isEmpty())
-            pairs.insert(key, value);
+    OleDbString parsed;
+    const qsizetype catalogAt = text.indexOf(catalogKey, 0, Qt::CaseInsensitive);
+    const QString fixed = catalogAt < 0 ? text : text.left(catalogAt);
+    for (const QString &pair : fixed.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const qsizetype equals = pair.indexOf(QLatin1Char('='));
+        if (equals > 0)
+            parsed.keywords.insert(pair.left(equals).trimmed().toLower(), pair.mid(equals + 1).trimmed());
     }
-    return pairs;
-}
-
-QString braced(QString value)
-{
-    return QLatin1Char('{') + value.replace(QLatin1String("}"), QLatin1String("}}")) + QLatin1Char('}');
-}
-
-// Braced so that no value can end its pair early or start a keyword of its own.
-QString odbcValue(const QString &value)
-{
-    if (!value.contains(QLatin1Char(';')) && !value.contains(QLatin1Char('{'))
-        && !value.contains(QLatin1Char('}')) && value.trimmed() == value)
-        return value;
-    return braced(value);
+    if (catalogAt < 0)
+        return parsed;
+    const QString rest = text.mid(catalogAt + catalogKey.size());
+    const qsizetype dataSourceAt = rest.lastIndexOf(dataSourceKey, -1, Qt::CaseInsensitive);
+    parsed.catalog = dataSourceAt < 0 ? rest : rest.left(dataSourceAt);
+    if (dataSourceAt >= 0)
+        parsed.dataSource = rest.mid(dataSourceAt + dataSourceKey.size());
+    return parsed;
 }
 
 struct ServerAddress
@@ -89,7 +53,8 @@ ServerAddress serverAddress(QString dataSource)
     dataSource = dataSource.trimmed();
     if (dataSource.startsWith(QLatin1String("tcp:"), Qt::CaseInsensitive))
         dataSource = dataSource.mid(4);
-    if (dataSource.isEmpty() || dataSource == QLatin1String(".") || dataSource.compare(QLatin1String("(local)"), Qt::CaseInsensitive) == 0)
+    if (dataSource.isEmpty() || dataSource == QLatin1String(".")
+        || dataSource.compare(QLatin1String("(local)"), Qt::CaseInsensitive) == 0)
         return {QStringLiteral("localhost"), kDefaultPort};
     if (dataSource.contains(QLatin1Char('\\')))
         return {dataSource, 0};
@@ -103,38 +68,53 @@ ServerAddress serverAddress(QString dataSource)
     return {dataSource, kDefaultPort};
 }
 
+// FreeTDS ends even a braced value at its first '}', so a value holding any
+// of these could add keywords of its own.
+bool readsAsKeywords(const QString &value)
+{
+    for (const QChar c : value) {
+        if (c == QLatin1Char(';') || c == QLatin1Char('{') || c == QLatin1Char('}') || c == QLatin1Char('='))
+            return true;
+    }
+    return false;
+}
+
+OdbcTarget refused(const QString &why)
+{
+    return {QString(), QString(), why};
+}
+
 } // namespace
 
-QString configuredOdbcDriver()
+OdbcTarget odbcTargetFromOleDb(const QString &oleDb)
 {
-    return qEnvironmentVariable("ZRT_ODBC_DRIVER", QStringLiteral("FreeTDS"));
-}
-
-QString odbcFromOleDb(const QString &oleDb)
-{
-    return odbcFromOleDb(oleDb, configuredOdbcDriver());
-}
-
-QString odbcFromOleDb(const QString &oleDb, const QString &driver)
-{
-    const QHash<QString, QString> ole = parseOleDb(oleDb);
-    const ServerAddress server = serverAddress(ole.value(QStringLiteral("data source")));
+    QString encryption = qEnvironmentVariable("ZRT_ENCRYPT");
+    if (encryption.isEmpty())
+        encryption = QStringLiteral("request");
+    if (encryption != QLatin1String("request") && encryption != QLatin1String("require"))
+        return refused(QStringLiteral("ZRT_ENCRYPT must be \"request\" or \"require\", not \"%1\".").arg(encryption));
+    const OleDbString ole = parseOleDb(oleDb);
+    if (readsAsKeywords(ole.dataSource))
+        return refused(QStringLiteral("The server name \"%1\" cannot be used: it holds one of ; { } =.").arg(ole.dataSource));
+    const ServerAddress server = serverAddress(ole.dataSource);
 
     QStringList pairs;
-    pairs << QLatin1String("DRIVER=") + braced(driver);
-    pairs << QLatin1String("SERVER=") + odbcValue(server.host);
+    pairs << QLatin1String("DRIVER={") + qEnvironmentVariable("ZRT_ODBC_DRIVER", QStringLiteral("FreeTDS"))
+            + QLatin1Char('}');
+    pairs << QLatin1String("SERVER=") + server.host;
     if (server.port != 0)
         pairs << QStringLiteral("PORT=%1").arg(server.port);
-    if (ole.contains(QStringLiteral("initial catalog")))
-        pairs << QLatin1String("DATABASE=") + odbcValue(ole.value(QStringLiteral("initial catalog")));
-    if (ole.value(QStringLiteral("integrated security")).compare(QLatin1String("SSPI"), Qt::CaseInsensitive) == 0) {
+    if (ole.keywords.value(QStringLiteral("integrated security")).compare(QLatin1String("SSPI"), Qt::CaseInsensitive) == 0) {
         pairs << QStringLiteral("Trusted_Connection=Yes");
     } else {
-        if (ole.contains(QStringLiteral("user id")))
-            pairs << QLatin1String("UID=") + odbcValue(ole.value(QStringLiteral("user id")));
-        if (ole.contains(QStringLiteral("password")))
-            pairs << QLatin1String("PWD=") + odbcValue(ole.value(QStringLiteral("password")));
+        // The profiles' fixed logins; none holds a character that needs care.
+        for (const auto &[oleDbName, odbcName] : {std::pair{"user id", "UID="}, std::pair{"password", "PWD="}}) {
+            if (ole.keywords.contains(QLatin1String(oleDbName)))
+                pairs << QLatin1String(odbcName) + ole.keywords.value(QLatin1String(oleDbName));
+        }
     }
+    pairs << QLatin1String("TDS_Version=") + QLatin1String(kTdsVersion);
     pairs << QStringLiteral("ClientCharset=UTF-8");
-    return pairs.join(QLatin1Char(';'));
+    pairs << QLatin1String("Encryption=") + encryption;
+    return {pairs.join(QLatin1Char(';')), ole.catalog, QString()};
 }

@@ -23,7 +23,8 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
     Invocation result;
     QTextStream out(&result.out);
     QTextStream err(&result.err);
-    CommandContext context{out, err, std::move(sqlServer), odbcConnectionsTo, false, stop};
+    CommandContext context{out, err, std::move(sqlServer),
+                           [](const QString &odbc) { return odbcConnectionsTo(odbc); }, false, stop};
     result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
     out.flush();
     err.flush();

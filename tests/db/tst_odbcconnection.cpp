@@ -1,21 +1,30 @@
+#include "connectionprofiles.h"
+#include "databaselisting.h"
+#include "maintenancerun.h"
+#include "mdzrt.h"
 #include "odbcconnection.h"
-#include "odbcconnectionstring.h"
+#include "tdslistener.h"
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace ConnectionProfiles;
+
 namespace {
 
-QString asItStands(const QString &text)
-{
-    return text;
-}
+// Short, so that waiting for a silent server keeps the test quick.
+constexpr OdbcTimeouts kShortTimeouts{2, 1};
+// What the driver may take beyond its timeout to give up and hang up.
+constexpr qint64 kGraceMilliseconds = 3000;
 
-ResultSet singleRowKept()
+class RecordingHost : public HeadlessRunHost
 {
-    return ResultSet({QStringLiteral("Name")}, {{QStringLiteral("kept")}});
-}
+public:
+    QList<StatementOutcome> outcomes;
+
+    void statementExecuted(const StatementOutcome &outcome) override { outcomes << outcome; }
+};
 
 } // namespace
 
@@ -24,78 +33,89 @@ class TestOdbcConnection : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void sqliteStatementsAndResultSets();
-    void freeTdsUnreachableServerFailsQuickly();
-
-private:
-    QTemporaryDir m_dir;
+    void silentServerGivesUp_data();
+    void silentServerGivesUp();
+    void unansweredStatementTimesOutAndTheRunGoesOn();
 };
-
-void TestOdbcConnection::initTestCase()
-{
-    QVERIFY(m_dir.isValid());
-}
 
 void TestOdbcConnection::sqliteStatementsAndResultSets()
 {
-    OdbcConnection connection(asItStands);
-    QVERIFY(!connection.isOpen());
-    QVERIFY(!connection.execute(QStringLiteral("Select 1")).ok);
-    const QString odbc = QStringLiteral("DRIVER={SQLite3};Database=%1").arg(m_dir.filePath(QStringLiteral("a.db")));
-    const DbStatus opened = connection.open(odbc);
-    QVERIFY2(opened.ok, qPrintable(opened.message));
-    QVERIFY(connection.isOpen());
-    QVERIFY(!connection.open(odbc).ok);
-
-    QVERIFY(connection.execute(QStringLiteral("CREATE TABLE tblA (Name text, Code text)")).ok);
-    const DbStatus refused = connection.execute(QStringLiteral("CREATE TABLE tblA (Name text)"));
-    QVERIFY(!refused.ok);
-    QVERIFY(refused.message.contains(QLatin1String("already exists")));
-    QVERIFY(connection.execute(QStringLiteral("Insert Into tblA (Name, Code) Values ('CASH', '19-10-000')")).ok);
-    QVERIFY(connection.execute(QStringLiteral("Insert Into tblA (Name, Code) Values ('CAPITAL', '10-10-000')")).ok);
+    QTemporaryDir dir;
+    // Row by row, so that a row that fails fails its own fetch.
+    const auto connection = odbcConnectionsTo("DRIVER={SQLite3};StepAPI=1;Database=" + dir.filePath("a.db"))();
+    QVERIFY(connection->open(QString()).ok);
+    QVERIFY(!connection->open(QString()).ok);
+    QVERIFY(connection->execute("CREATE TABLE tblA (Name text)").ok);
+    QVERIFY(connection->execute("CREATE TABLE tblA (Name text)").message.contains("already exists"));
+    const QString wide = QStringLiteral("Ж語ऄ").repeated(400);
+    QVERIFY(connection->execute("Insert Into tblA Values (NULL), ('" + wide + "')").ok);
 
     ResultSet rows;
-    QVERIFY(!rows.atEnd().has_value()); // never opened: the end test fails
-    QVERIFY(connection.query(QStringLiteral("Select * From tblA Order By Code"), rows).ok);
-    QCOMPARE(rows.atEnd(), std::optional<bool>(false));
-    QCOMPARE(rows.field(QStringLiteral("Name"))->toString(), QStringLiteral("CAPITAL"));
-    QCOMPARE(rows.field(QStringLiteral("code"))->toString(), QStringLiteral("10-10-000"));
-    QVERIFY(!rows.field(QStringLiteral("Missing")).has_value());
+    QVERIFY(connection->query("Select Name From tblA Order By Name", rows).ok);
+    QVERIFY(rows.field("name")->isNull());
     QVERIFY(rows.moveNext().ok);
-    QCOMPARE(rows.field(QStringLiteral("Name"))->toString(), QStringLiteral("CASH"));
+    QCOMPARE(rows.field("Name")->toString(), wide);
     QVERIFY(rows.moveNext().ok);
-    QCOMPARE(rows.atEnd(), std::optional<bool>(true));
-    QVERIFY(!rows.moveNext().ok);
-
-    // The connection is free while the earlier result set stays in its variable.
-    ResultSet empty;
-    QVERIFY(connection.query(QStringLiteral("Select * From tblA Where Name = 'NONE'"), empty).ok);
-    QCOMPARE(empty.atEnd(), std::optional<bool>(true));
-
-    ResultSet kept = singleRowKept();
-    QVERIFY(!connection.query(QStringLiteral("Select * From tblMissing"), kept).ok);
-    QCOMPARE(kept.atEnd(), std::optional<bool>(false));
-
-    rows.close();
+    QCOMPARE(rows.atEnd(), true);
+    // A failing Select leaves the variable as it was; a failing fetch keeps the
+    // rows before it, and the end test then fails.
+    QVERIFY(!connection->query("Select Name From tblMissing", rows).ok);
+    QCOMPARE(rows.atEnd(), true);
+    QVERIFY(connection->query("Select abs(x) As v From (Select 1 As x Union All Select -9223372036854775807 - 1)", rows).ok);
+    QCOMPARE(rows.field("v")->toString(), "1");
+    QVERIFY(rows.moveNext().ok);
     QVERIFY(!rows.atEnd().has_value());
-    QVERIFY(connection.close().ok);
-    QVERIFY(!connection.isOpen());
-    QVERIFY(!connection.close().ok);
+    QVERIFY(connection->close().ok);
+    QVERIFY(!connection->close().ok);
 }
 
-void TestOdbcConnection::freeTdsUnreachableServerFailsQuickly()
+void TestOdbcConnection::silentServerGivesUp_data()
 {
-    // Nothing listens on port 1 of the loopback address.
-    OdbcConnection connection([](const QString &oleDb) { return odbcFromOleDb(oleDb, QStringLiteral("FreeTDS")); });
+    QTest::addColumn<TdsListener::Manner>("manner");
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<bool>("listing");
+    QTest::newRow("silent, LOCAL listing") << TdsListener::Manner::Silent << "LOCAL" << true;
+    QTest::newRow("silent, OFFLINE opening") << TdsListener::Manner::Silent << "OFFLINE" << false;
+    QTest::newRow("garbage, LOCAL opening") << TdsListener::Manner::Garbage << "LOCAL" << false;
+    QTest::newRow("garbage, OFFLINE listing") << TdsListener::Manner::Garbage << "OFFLINE" << true;
+}
+
+void TestOdbcConnection::silentServerGivesUp()
+{
+    QFETCH(TdsListener::Manner, manner);
+    QFETCH(QString, mode);
+    QFETCH(bool, listing);
+    TdsListener server(manner);
+    const ConnectionFactory connections = sqlServerConnections(kShortTimeouts);
     QElapsedTimer timer;
     timer.start();
-    const DbStatus status = connection.open(QStringLiteral(
-        "Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;Initial Catalog=master;Data Source=tcp:127.0.0.1,1"));
-    QVERIFY(!status.ok);
-    QVERIFY(!status.message.isEmpty());
-    QVERIFY(!connection.isOpen());
-    QVERIFY2(timer.elapsed() < 15000, qPrintable(QString::number(timer.elapsed())));
+    const bool failed = listing
+        ? listDatabases(mode, server.dataSource(), connections, [](const QString &) {}).failed
+        : !connections()->open(runConnectionString(*prefix(mode), "QuorvexA", server.dataSource())).ok;
+    QVERIFY(failed);
+    QCOMPARE(server.received().connections, 1);
+    QVERIFY2(timer.elapsed() < kShortTimeouts.loginSeconds * 1000 + kGraceMilliseconds,
+             qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestOdbcConnection::unansweredStatementTimesOutAndTheRunGoesOn()
+{
+    TdsListener server(TdsListener::Manner::Answering, QString(), "WAITFOR");
+    mdZRT module(sqlServerConnections(kShortTimeouts), server.dataSource());
+    RecordingHost host;
+    CheckRecordsets recordsets;
+    const Steps steps{Step::execute(Action::AddColumn, "WAITFOR DELAY '01:00:00'"),
+                      Step::execute(Action::DropTable, "drop table [dbo].[tblStockEmpty]")};
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(MaintenanceRun(module, host, recordsets).run({"LOCAL", "ACCOUNTS", "QuorvexA"}, steps), RunEnd::Completed);
+    QCOMPARE(host.outcomes.size(), 2);
+    QVERIFY(host.outcomes[0].status.timedOut);
+    QVERIFY2(host.outcomes[1].status.ok, qPrintable(host.outcomes[1].status.message));
+    QCOMPARE(server.received().batches.last(), steps[1].text);
+    QVERIFY2(timer.elapsed() < kShortTimeouts.statementSeconds * 1000 + kGraceMilliseconds,
+             qPrintable(QString::number(timer.elapsed())));
 }
 
 QTEST_GUILESS_MAIN(TestOdbcConnection)

@@ -18,7 +18,7 @@ echo "package: $(basename "$deb"), $(stat -c %s "$deb") bytes"
 depends=$(dpkg-deb --field "$deb" Depends)
 echo "Depends: $depends"
 depends_on() { grep -Eq "(^|, )$1( |,|$)" <<<"$depends"; }
-for needed in unixodbc tdsodbc qt6-qpa-plugins libqt6widgets6; do
+for needed in libodbc2 unixodbc tdsodbc qt6-qpa-plugins libqt6widgets6; do
     depends_on "$needed" || fail "missing dependency: $needed"
 done
 # The program talks to unixODBC itself, not through Qt's ODBC plugin.
