@@ -157,7 +157,7 @@ int checkAll(const QCommandLineParser &parser, const QString &mode, bool json, C
     int status = kExitOk;
     int byStatus[kExitNothingDone + 1] = {};
     QJsonArray databases;
-    const AllChecksResult all = checkAllDatabases(mode, server, context.sqlServer, context.stop,
+    const AllChecksResult all = checkAllDatabases(mode, server, context.sqlServer(kDefaultStatementSeconds), context.stop,
                                                   [&](const QString &database, DatabaseCheckResult result) {
         result.error = mask(result.error);
         status = std::max(status, exitStatus(result));

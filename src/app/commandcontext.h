@@ -13,8 +13,10 @@ struct CommandContext
 {
     QTextStream &out;
     QTextStream &err;
-    ConnectionFactory sqlServer;                              // for the three modes
-    std::function<ConnectionFactory(const QString &)> odbc;   // for --odbc
+    // Connections for the three modes, and for an ODBC string the operator
+    // gave; each statement may take `statementSeconds` (0: for ever).
+    std::function<ConnectionFactory(int statementSeconds)> sqlServer;
+    std::function<ConnectionFactory(const QString &odbc, int statementSeconds)> odbc;
     bool terminal = false;                                    // draw a progress bar on err
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
 };

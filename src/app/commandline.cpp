@@ -33,7 +33,11 @@ constexpr char kProgramHelp[] =
     "\n"
     "Environment:\n"
     "  ZRT_ODBC_DRIVER     the ODBC driver that reaches SQL Server (default FreeTDS)\n"
-    "  ZRT_ONLINE_SERVER   the host of the hosted server of ONLINE mode\n";
+    "  ZRT_ONLINE_SERVER   the host of the hosted server of ONLINE mode\n"
+    "  ZRT_ENCRYPT         request (default) or require an encrypted connection;\n"
+    "                      use require with the hosted ONLINE server\n"
+    "  ZRT_ODBC            an ODBC connection string used as --odbc is, where\n"
+    "                      neither --odbc nor --server is given\n";
 
 } // namespace
 

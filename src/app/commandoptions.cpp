@@ -76,22 +76,48 @@ void addDatabaseOptions(QCommandLineParser &parser)
                       QStringLiteral("STRING")});
 }
 
-ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context)
+std::optional<QString> givenOdbc(const QCommandLineParser &parser)
 {
-    return parser.isSet(QStringLiteral("odbc")) ? context.odbc(parser.value(QStringLiteral("odbc"))) : context.sqlServer;
+    if (parser.isSet(QStringLiteral("odbc")))
+        return parser.value(QStringLiteral("odbc"));
+    const QString environment = qEnvironmentVariable("ZRT_ODBC");
+    if (environment.isEmpty() || parser.isSet(QStringLiteral("server")))
+        return std::nullopt;
+    return environment;
+}
+
+ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context, int statementSeconds)
+{
+    const std::optional<QString> odbc = givenOdbc(parser);
+    return odbc ? context.odbc(*odbc, statementSeconds) : context.sqlServer(statementSeconds);
+}
+
+std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, const QString &command,
+                                           CommandContext &context)
+{
+    const QString name = QStringLiteral("statement-timeout");
+    if (!parser.isSet(name))
+        return kDefaultStatementSeconds;
+    bool ok = false;
+    const int seconds = parser.value(name).toInt(&ok);
+    if (ok && seconds >= 0)
+        return seconds;
+    context.err << "zrt " << command << ": --statement-timeout needs a whole number of seconds from 0 up, not '"
+                << escapedControls(parser.value(name)) << "'\n";
+    return std::nullopt;
 }
 
 QString targetName(const QCommandLineParser &parser)
 {
-    if (parser.isSet(QStringLiteral("odbc")))
-        return QLatin1String("ODBC ") + secretMask(parser)(parser.value(QStringLiteral("odbc")));
+    if (const std::optional<QString> odbc = givenOdbc(parser))
+        return QLatin1String("ODBC ") + secretMask(parser)(*odbc);
     const QString server = parser.value(QStringLiteral("server"));
     return server.isEmpty() ? QStringLiteral("the local default instance") : QLatin1String("server ") + server;
 }
 
 std::function<QString(QString)> secretMask(const QCommandLineParser &parser)
 {
-    const QStringList secrets = odbcPassword(parser.value(QStringLiteral("odbc")));
+    const QStringList secrets = odbcPassword(givenOdbc(parser).value_or(QString()));
     return [secrets](QString text) {
         text = ConnectionProfiles::withoutPasswords(std::move(text));
         for (const QString &secret : secrets) {
@@ -126,8 +152,8 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
         return std::nullopt;
     }
     // ONLINE opens only the hosted servers, whatever string it is given.
-    if (parser.isSet(QStringLiteral("odbc")) && *mode == QLatin1String(ConnectionProfiles::kOnline)) {
-        context.err << "zrt " << command << ": --odbc goes with --mode OFFLINE or LOCAL, not ONLINE\n";
+    if (givenOdbc(parser) && *mode == QLatin1String(ConnectionProfiles::kOnline)) {
+        context.err << "zrt " << command << ": --odbc and ZRT_ODBC go with --mode OFFLINE or LOCAL, not ONLINE\n";
         return std::nullopt;
     }
     return DatabaseChoice{*mode, *database, parser.value(QStringLiteral("server"))};

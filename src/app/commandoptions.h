@@ -7,6 +7,9 @@
 
 #include <optional>
 
+// How long a statement may take before it counts as failed, unless told otherwise.
+inline constexpr int kDefaultStatementSeconds = 30;
+
 // Parses a subcommand's options. Prints its help, or the bad argument, and
 // gives the exit status to end with; nothing when the command may go on.
 std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QString &description,
@@ -31,8 +34,14 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
 bool checkedForm(const QCommandLineParser &parser, const QString &command, const QStringList &oneOnly,
                  const QStringList &allOnly, CommandContext &context);
 
-// The database's connections: --odbc's string for every open, else the servers'.
-ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context);
+// The ODBC string the operator gave: --odbc's, else ZRT_ODBC's where no
+// --server is given, so that a password need not show in the process list.
+std::optional<QString> givenOdbc(const QCommandLineParser &parser);
+
+// The database's connections: the given ODBC string for every open, else the
+// servers'; each statement may take `statementSeconds`.
+ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context,
+                                    int statementSeconds = kDefaultStatementSeconds);
 
 // Where the database is, as headers and reports name it: the server, or the
 // --odbc string with its password masked.
@@ -44,6 +53,11 @@ std::function<QString(QString)> secretMask(const QCommandLineParser &parser);
 // The first line of a command's output: the program's version, what it works
 // on and when it started.
 QString headerLine(const QString &command, const QString &subject, const QDateTime &started);
+
+// --statement-timeout's seconds (0: wait for ever), the default when not
+// given, else a usage message.
+std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, const QString &command,
+                                           CommandContext &context);
 
 // The mode's value when it is one of the three, else a usage message.
 std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandContext &context);

@@ -27,7 +27,7 @@ int listCommand(const QStringList &arguments, CommandContext &context)
 
     const bool json = parser.isSet(QStringLiteral("json"));
     QStringList names;
-    const ListingOutcome outcome = listDatabases(*mode, *server, context.sqlServer, [&](const QString &name) {
+    const ListingOutcome outcome = listDatabases(*mode, *server, context.sqlServer(kDefaultStatementSeconds), [&](const QString &name) {
         names << name;
         if (!json)
             context.out << escapedControls(name) << "\n";

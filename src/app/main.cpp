@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <cstdio>
 #include <unistd.h>
 
@@ -21,6 +22,13 @@ bool hasDisplay()
         || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+OdbcTimeouts timeouts(int statementSeconds)
+{
+    OdbcTimeouts timeouts;
+    timeouts.statementSeconds = statementSeconds;
+    return timeouts;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -34,10 +42,18 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
-    // Ctrl-C lets the statement under way finish, so no run stops half-sent.
-    std::signal(SIGINT, [](int) { interrupted = true; });
-    CommandContext context{out, err, sqlServerConnections(),
-                           [](const QString &odbc) { return odbcConnectionsTo(odbc); }, isatty(fileno(stderr)) != 0,
-                           &interrupted};
+    // The first Ctrl-C lets the statement under way finish, so no run stops
+    // half-sent; a second ends the program at once (the server rolls back
+    // whatever a preview had begun).
+    std::signal(SIGINT, [](int) {
+        if (interrupted.exchange(true))
+            std::_Exit(kExitInterrupted);
+    });
+    CommandContext context{out, err,
+                           [](int statementSeconds) { return sqlServerConnections(timeouts(statementSeconds)); },
+                           [](const QString &odbc, int statementSeconds) {
+                               return odbcConnectionsTo(odbc, timeouts(statementSeconds));
+                           },
+                           isatty(fileno(stderr)) != 0, &interrupted};
     return runCommandLine(application.arguments(), context);
 }

@@ -4,6 +4,7 @@
 #include "databaselisting.h"
 #include "exitstatus.h"
 #include "fleetindex.h"
+#include "outputfile.h"
 #include "printabletext.h"
 
 #include <QDir>
@@ -59,7 +60,11 @@ int allExitStatus(const AllRunsResult &all)
 int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool preview, CommandContext &context)
 {
     const QString command = preview ? QStringLiteral("zrt plan: ") : QStringLiteral("zrt run: ");
-    AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer};
+    const std::optional<int> statementSeconds =
+        checkedStatementSeconds(parser, preview ? QStringLiteral("plan") : QStringLiteral("run"), context);
+    if (!statementSeconds)
+        return kExitUsage;
+    AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer(*statementSeconds)};
     runs.preview = preview;
     runs.mask = secretMask(parser);
     runs.stop = context.stop;
@@ -74,8 +79,8 @@ int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool pr
     }
     if (parser.isSet(QStringLiteral("report-dir"))) {
         runs.reportDir = parser.value(QStringLiteral("report-dir"));
-        if (!QDir().mkpath(*runs.reportDir)) {
-            context.err << command << "cannot make the folder " << escapedControls(*runs.reportDir) << "\n";
+        if (const QString refusal = outputFolderRefusal(*runs.reportDir); !refusal.isEmpty()) {
+            context.err << command << "--report-dir: " << escapedControls(refusal) << "\n";
             return kExitUsage;
         }
     }

@@ -2,13 +2,13 @@
 
 #include "commandoptions.h"
 #include "exitstatus.h"
+#include "outputfile.h"
 #include "printabletext.h"
 #include "runallcommand.h"
 #include "runplan.h"
 
 #include <QJsonDocument>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -98,21 +98,24 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, command.name, context);
     if (!choice)
         return kExitUsage;
-    // Written whole when the run ends, or not at all.
-    std::optional<QSaveFile> report;
+    // Written whole when the run ends, or not at all; checked before anything is sent.
+    std::optional<OutputFile> report;
     if (parser.isSet(QStringLiteral("report"))) {
-        report.emplace(parser.value(QStringLiteral("report")));
-        if (!report->open(QIODevice::WriteOnly)) {
-            context.err << "zrt " << command.name << ": cannot write " << escapedControls(report->fileName()) << ": "
-                        << report->errorString() << "\n";
+        report.emplace();
+        if (!report->open(parser.value(QStringLiteral("report")))) {
+            context.err << "zrt " << command.name << ": cannot write --report "
+                        << escapedControls(report->name()) << ": " << escapedControls(report->errorString()) << "\n";
             return kExitUsage;
         }
     }
     const bool json = parser.isSet(QStringLiteral("json"));
     const bool quiet = parser.isSet(QStringLiteral("quiet"));
 
+    const std::optional<int> statementSeconds = checkedStatementSeconds(parser, command.name, context);
+    if (!statementSeconds)
+        return kExitUsage;
     DatabaseRun run{choice->mode, choice->server, choice->database, targetName(parser),
-                    chosenConnections(parser, context)};
+                    chosenConnections(parser, context, *statementSeconds)};
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
@@ -176,6 +179,10 @@ int maintenanceCommand(const Command &command, const char *description, const QS
     parser.addOption({QStringLiteral("report"),
                       QStringLiteral("Write the run's context, one JSON object per statement and its end to FILE."),
                       QStringLiteral("FILE")});
+    parser.addOption({QStringLiteral("statement-timeout"),
+                      QStringLiteral("A statement still running after SECONDS fails as timed out and the run goes on "
+                                     "(default 30; 0 waits for ever)."),
+                      QStringLiteral("SECONDS")});
     parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of text.")});
     parser.addOption({QStringLiteral("quiet"), QStringLiteral("Print only the header, the outcome and errors.")});
     parser.addOption({QStringLiteral("verbose"), QStringLiteral("List every failure, not the first 20 messages.")});

@@ -2,9 +2,10 @@
 
 #include "commandoptions.h"
 #include "emptydatabasescript.h"
+#include "outputfile.h"
+#include "printabletext.h"
 #include "runplan.h"
 
-#include <QSaveFile>
 
 int scriptCommand(const QStringList &arguments, CommandContext &context)
 {
@@ -24,10 +25,10 @@ int scriptCommand(const QStringList &arguments, CommandContext &context)
         context.out << QString::fromUtf8(script);
         return kExitOk;
     }
-    // Written whole or not at all.
-    QSaveFile file(parser.value(output));
-    if (!file.open(QIODevice::WriteOnly) || file.write(script) != script.size() || !file.commit()) {
-        context.err << "zrt script: cannot write " << parser.value(output) << ": " << file.errorString() << "\n";
+    OutputFile file;
+    if (!file.open(parser.value(output)) || file.device()->write(script) != script.size() || !file.commit()) {
+        context.err << "zrt script: cannot write --output " << escapedControls(file.name()) << ": "
+                    << escapedControls(file.errorString()) << "\n";
         return kExitUsage;
     }
     return kExitOk;

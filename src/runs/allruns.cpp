@@ -1,12 +1,12 @@
 #include "allruns.h"
 
 #include "databaselisting.h"
+#include "outputfile.h"
 #include "fleetindex.h"
 
 #include <QDir>
 #include <QJsonDocument>
 #include <QMutex>
-#include <QSaveFile>
 
 #include <thread>
 
@@ -30,14 +30,13 @@ DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QSt
 {
     DatabaseRun run{runs.mode, runs.server, database, QLatin1String("server ") + runs.server, runs.connections,
                     std::nullopt, nullptr, runs.mask, {}, runs.stop, runs.preview};
-    std::optional<QSaveFile> report;
+    OutputFile report;
     QString openError;
     if (runs.reportDir) {
-        report.emplace(QDir(*runs.reportDir).filePath(reportFile));
-        if (report->open(QIODevice::WriteOnly))
-            run.report = &*report;
+        if (report.open(QDir(*runs.reportDir).filePath(reportFile)))
+            run.report = &report;
         else
-            openError = QStringLiteral("cannot write %1: %2").arg(report->fileName(), report->errorString());
+            openError = QStringLiteral("cannot write %1: %2").arg(report.name(), report.errorString());
     }
     DatabaseRunResult result = runDatabase(run);
     if (!openError.isEmpty())
@@ -47,8 +46,8 @@ DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QSt
 
 void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    OutputFile file;
+    if (!file.open(path) || file.device()->write(bytes) != bytes.size() || !file.commit())
         errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
 }
 

@@ -2,6 +2,7 @@
 
 #include "mdzrt.h"
 #include "openwatch.h"
+#include "outputfile.h"
 #include "previewconnection.h"
 #include "printabletext.h"
 #include "programversion.h"
@@ -10,7 +11,6 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -63,7 +63,7 @@ public:
                 m_findings->transactionEndedAt(m_tally.sent());
         }
         if (m_run.report)
-            m_run.report->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
+            m_run.report->device()->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
     }
     bool stopRequested() const override { return m_run.stop && m_run.stop->load(); }
 
@@ -152,7 +152,7 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     DatabaseRunResult result;
     result.started = QDateTime::currentDateTime();
     if (run.report)
-        run.report->write(jsonLine(runContext(run, result.started)));
+        run.report->device()->write(jsonLine(runContext(run, result.started)));
 
     const OpenWatch watch(run.preview ? previewConnections(run.connections) : run.connections);
     mdZRT module(watch.connections(), run.server);
@@ -172,9 +172,9 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
         end.insert(QStringLiteral("finished"), reportTime(QDateTime::currentDateTime()));
         for (const char *detail : {"failures", "sourceTablesMissing"})
             end.remove(QLatin1String(detail)); // the statement lines hold them
-        run.report->write(jsonLine(end));
+        run.report->device()->write(jsonLine(end));
         if (!run.report->commit())
-            result.reportError = QStringLiteral("cannot write %1: %2").arg(run.report->fileName(), run.report->errorString());
+            result.reportError = QStringLiteral("cannot write %1: %2").arg(run.report->name(), run.report->errorString());
     }
     return result;
 }

@@ -12,7 +12,7 @@
 #include <functional>
 #include <optional>
 
-class QSaveFile;
+class OutputFile;
 
 // One database's run without a window.
 struct DatabaseRun
@@ -25,7 +25,7 @@ struct DatabaseRun
     std::optional<QString> createAt; // without it a database that cannot be opened is left alone
     // Opened for writing: a context line, one line per statement and an end
     // line; committed when the run ends, however it ends.
-    QSaveFile *report = nullptr;
+    OutputFile *report = nullptr;
     std::function<QString(QString)> mask; // applied to every server message kept
     std::function<void(int value, int maximum)> progress;
     const std::atomic<bool> *stop = nullptr; // asked before each statement

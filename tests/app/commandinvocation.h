@@ -23,8 +23,13 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
     Invocation result;
     QTextStream out(&result.out);
     QTextStream err(&result.err);
-    CommandContext context{out, err, std::move(sqlServer),
-                           [](const QString &odbc) { return odbcConnectionsTo(odbc); }, false, stop};
+    CommandContext context{out, err, [sqlServer](int) { return sqlServer; },
+                           [](const QString &odbc, int statementSeconds) {
+                               OdbcTimeouts timeouts;
+                               timeouts.statementSeconds = statementSeconds;
+                               return odbcConnectionsTo(odbc, timeouts);
+                           },
+                           false, stop};
     result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
     out.flush();
     err.flush();

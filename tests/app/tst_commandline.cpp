@@ -91,9 +91,14 @@ class TestCommandLine : public QObject
     Q_OBJECT
 
     QTemporaryDir m_dir;
+    const QString m_fifo = m_dir.filePath(QStringLiteral("fifo"));
 
 private slots:
-    void initTestCase() { QVERIFY(m_dir.isValid()); }
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        QCOMPARE(QProcess::execute("mkfifo", {m_fifo}), 0);
+    }
 
     void scriptWritesEveryStatementOfARun()
     {
@@ -129,6 +134,14 @@ private slots:
         QTest::newRow("quiet and verbose") << kRun + QStringList{"--quiet", "--verbose"} << "--quiet";
         QTest::newRow("unwritable --output") << QStringList{"script", "--output", missingDir} << missingDir;
         QTest::newRow("unwritable --report") << kRun + QStringList{"--report", missingDir} << missingDir;
+        QTest::newRow("empty --report") << kRun + QStringList{"--report", ""} << "--report : no file named";
+        QTest::newRow("a device as --output") << QStringList{"script", "--output", "/dev/full"} << "not a regular file";
+        QTest::newRow("a FIFO as --report") << kRun + QStringList{"--report", m_fifo} << "not a regular file";
+        QTest::newRow("a file as --report-dir") << kRunAll + QStringList{"--report-dir", m_fifo} << "is not a folder";
+        QTest::newRow("a negative --statement-timeout") << QStringList{"plan", "--mode", "LOCAL", "--database", "Q",
+                                                                       "--statement-timeout", "-1"} << "-1";
+        QTest::newRow("ZRT_ODBC in ONLINE mode") << QStringList{"run", "--mode", "ONLINE", "--database", "Q", "ZRT_ODBC"}
+                                                 << "ZRT_ODBC go with";
         QTest::newRow("check --all: with --odbc") << QStringList{"check", "--all", "--mode", "LOCAL", "--odbc", "x"} << "--odbc";
         QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0"} << "--jobs";
         QTest::newRow("run --all: with --database") << kRunAll + QStringList{"--database", "Q"} << "--database";
@@ -139,12 +152,17 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(QString, named);
         ScriptedServer server;
+        // A last argument ZRT_ODBC stands for the variable set instead of --odbc.
+        if (arguments.value(arguments.size() - 1) == "ZRT_ODBC")
+            qputenv("ZRT_ODBC", "DSN=x;PWD=" + arguments.takeLast().toUtf8());
         const Invocation invocation = invoke(arguments, server.connections());
+        qunsetenv("ZRT_ODBC");
         QCOMPARE(invocation.exit, 2);
         QVERIFY2(invocation.err.contains(named), qPrintable(invocation.err));
         QVERIFY(invocation.out.isEmpty());
         QVERIFY(server.logs().isEmpty());
         QVERIFY(!QFileInfo::exists(m_dir.filePath(QStringLiteral("missing"))));
+        QVERIFY(QFileInfo(m_fifo).exists() && !QFileInfo(m_fifo).isFile());
     }
 
     void exitStatus_data()
