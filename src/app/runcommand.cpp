@@ -154,7 +154,7 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
                     << (creatable ? "; give --create-at FILEBASE to create it" : "") << "\n";
     } else {
         if (!quiet && result.preview)
-            context.out << result.preview->lines().join(QLatin1Char('\n')) << "\n";
+            context.out << result.preview->lines(result.tally).join(QLatin1Char('\n')) << "\n";
         if (!quiet)
             context.out << result.tally.summary(parser.isSet(QStringLiteral("verbose")), run.report);
         context.out << (command.preview ? QLatin1String("a run would end ") : QLatin1String(""))

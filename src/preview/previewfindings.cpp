@@ -40,10 +40,7 @@ PreviewFindings::PreviewFindings(DatabaseBefore before)
 
 void PreviewFindings::add(const StatementOutcome &outcome)
 {
-    const StatementResult result = classify(outcome);
-    if (result == StatementResult::SourceTableMissing)
-        ++m_sourcesMissing;
-    if (result != StatementResult::Succeeded)
+    if (classify(outcome) != StatementResult::Succeeded)
         return;
     switch (outcome.action) {
     case Action::AddColumn:
@@ -68,15 +65,6 @@ void PreviewFindings::add(const StatementOutcome &outcome)
             created.hasMatch() && !rebuiltTables().contains(created.captured(1)))
             m_tablesCreated << created.captured(1);
         break;
-    case Action::InsertBuiltInRow:
-        ++m_builtInRows;
-        break;
-    case Action::InsertAccount:
-        ++m_accounts;
-        break;
-    case Action::CreateView:
-        ++m_viewsCreated;
-        break;
     default:
         break;
     }
@@ -88,7 +76,7 @@ void PreviewFindings::transactionEndedAt(int index)
         m_transactionEndedAt = index;
 }
 
-QStringList PreviewFindings::lines() const
+QStringList PreviewFindings::lines(const StatementTally &tally) const
 {
     QStringList lines;
     if (!m_tablesCreated.isEmpty())
@@ -99,11 +87,11 @@ QStringList PreviewFindings::lines() const
                      .arg(counted(int(m_columnsAdded.size()), "column", "columns"), m_columnsAdded.join(QLatin1String(", ")));
     for (const QString &widened : m_widened)
         lines << QLatin1String("would widen ") + widened;
-    lines << QLatin1String("would write ") + counted(m_builtInRows, "built-in row", "built-in rows");
-    lines << QLatin1String("would insert ") + counted(m_accounts, "account", "accounts");
+    lines << QLatin1String("would write ") + counted(tally.builtInRowsWritten(), "built-in row", "built-in rows");
+    lines << QLatin1String("would insert ") + counted(tally.accountsWritten(), "account", "accounts");
     lines << QStringLiteral("would replace %1, %2")
-                 .arg(counted(m_viewsCreated, "view", "views"),
-                      counted(m_sourcesMissing, "source table missing", "source tables missing"));
+                 .arg(counted(tally.viewsCreated(), "view", "views"),
+                      counted(int(tally.sourceTablesMissing()), "source table missing", "source tables missing"));
     for (const auto &[table, rows] : m_before.rebuiltTableRows)
         lines << QStringLiteral("would discard %1 of %2").arg(counted(rows, "row", "rows"), table);
     if (!m_before.reportHeader.isEmpty()) {

@@ -2,8 +2,8 @@
 
 #include "databasebefore.h"
 #include "runhost.h"
+#include "statementtally.h"
 
-#include <QJsonArray>
 #include <QStringList>
 
 #include <optional>
@@ -21,18 +21,14 @@ public:
     // on, statements no longer see what earlier ones did.
     void transactionEndedAt(int index);
 
-    // One line each, "would ...", the discarded rows included.
-    QStringList lines() const;
-    QJsonArray json() const { return QJsonArray::fromStringList(lines()); }
+    // One line each, "would ...", the counts taken from the run's `tally`,
+    // the discarded rows included.
+    QStringList lines(const StatementTally &tally) const;
 
 private:
     DatabaseBefore m_before;
     QStringList m_columnsAdded;
     QStringList m_widened;
     QStringList m_tablesCreated;
-    int m_builtInRows = 0;
-    int m_accounts = 0;
-    int m_viewsCreated = 0;
-    int m_sourcesMissing = 0;
     std::optional<int> m_transactionEndedAt;
 };

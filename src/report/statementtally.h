@@ -37,6 +37,10 @@ public:
     int count(StatementResult result) const { return m_byResult[int(result)]; }
     int unexpected() const { return count(StatementResult::TimedOut) + count(StatementResult::Failed); }
     int columnsAdded() const { return m_columnsAdded; }
+    int viewsCreated() const { return m_viewsCreated; }
+    int builtInRowsWritten() const { return m_builtInRows; }
+    int accountsWritten() const { return m_accounts; }
+    qsizetype sourceTablesMissing() const { return m_missingSources.size(); }
 
     // The most frequent message first; equal counts in the order they came.
     QList<FailureGroup> failureGroups() const;

@@ -10,6 +10,7 @@
 #include "runplan.h"
 
 #include <QElapsedTimer>
+#include <QJsonArray>
 #include <QFileInfo>
 
 namespace {
@@ -138,7 +139,7 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
     if (!result->reportError.isEmpty())
         json.insert(QStringLiteral("reportError"), result->reportError);
     if (result->preview)
-        json.insert(QStringLiteral("would"), result->preview->json());
+        json.insert(QStringLiteral("would"), QJsonArray::fromStringList(result->preview->lines(result->tally)));
     const QJsonObject tally = result->tally.json();
     for (auto it = tally.begin(); it != tally.end(); ++it)
         json.insert(it.key(), it.value());
