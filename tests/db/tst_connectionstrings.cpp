@@ -25,50 +25,11 @@ class TestConnectionStrings : public QObject
     Q_OBJECT
 
 private slots:
-    void oleDbStrings_data();
-    void oleDbStrings();
-    void onlineDataSource();
     void namesReachTheChosenServer_data();
     void namesReachTheChosenServer();
     void openFails_data();
     void openFails();
 };
-
-void TestConnectionStrings::oleDbStrings_data()
-{
-    QTest::addColumn<QString>("built");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("run OFFLINE") << runConnectionString(*prefix(QStringLiteral("OFFLINE")), QStringLiteral("QuorvexAB2024"), QString())
-                                 << "Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=QuorvexAB2024;Data Source=";
-    QTest::newRow("run LOCAL") << runConnectionString(*prefix(QStringLiteral("LOCAL")), QStringLiteral("QuorvexX"), QString())
-                               << "Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;Initial Catalog=QuorvexX;Data Source=";
-    QTest::newRow("run ONLINE") << runConnectionString(*prefix(QStringLiteral("ONLINE")), QStringLiteral("QuorvexY"), QString())
-                                << "Provider=SQLOLEDB.1;Password=#BranchPortal718Qz%;Persist Security Info=False;User ID=kwonline;Initial Catalog=QuorvexY;Data Source=";
-    QTest::newRow("listing OFFLINE") << *listingConnectionString(QStringLiteral("OFFLINE"), QStringLiteral("ACCOUNTS"))
-                                     << "Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=master;Data Source=ACCOUNTS";
-    QTest::newRow("listing LOCAL, server as typed") << *listingConnectionString(QStringLiteral("LOCAL"), QStringLiteral(" my server "))
-                                                    << "Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;Initial Catalog=master;Data Source= my server ";
-    QTest::newRow("fallback") << fallbackConnectionString()
-                              << "Provider=SQLOLEDB.1;Integrated Security=SSPI;Persist Security Info=False;Initial Catalog=tempdb";
-}
-
-void TestConnectionStrings::oleDbStrings()
-{
-    QFETCH(QString, built);
-    QFETCH(QString, expected);
-    QCOMPARE(built, expected);
-}
-
-void TestConnectionStrings::onlineDataSource()
-{
-    QVERIFY(!prefix(QStringLiteral("offline")));
-    QVERIFY(!listingConnectionString(QStringLiteral("ONLINE"), QStringLiteral("SERVER")));
-    qputenv("ZRT_ONLINE_SERVER", "db.example.test");
-    QCOMPARE(ConnectionProfiles::onlineDataSource(), QStringLiteral("tcp:db.example.test,1433"));
-    qunsetenv("ZRT_ONLINE_SERVER");
-    QVERIFY(ConnectionProfiles::onlineDataSource().startsWith(QLatin1String("tcp:")));
-    QVERIFY(ConnectionProfiles::onlineDataSource().endsWith(QLatin1String(",1433")));
-}
 
 void TestConnectionStrings::namesReachTheChosenServer_data()
 {
