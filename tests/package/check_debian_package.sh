@@ -45,11 +45,11 @@ for text in "zrt $version" "zrt run" "--report-dir DIR" "zrt check"; do
 done
 
 offered() { # the words the completion offers after "zrt $*"
-    bash -c 'source "$0" && spec=($(complete -p zrt)) && COMP_WORDS=(zrt "$@") COMP_CWORD=$# &&
-             "${spec[2]}" && echo " ${COMPREPLY[*]} "' "$root/usr/share/bash-completion/completions/zrt" "$@"
+    bash -c 'source "$0" && registered=($(complete -p zrt)) && COMP_WORDS=(zrt "$@") COMP_CWORD=$# &&
+             "${registered[2]}" && echo " ${COMPREPLY[*]} "' "$root/usr/share/bash-completion/completions/zrt" "$@"
 }
 after_zrt=$(offered "")
-for word in script list run check; do
+for word in script list run plan check; do
     [[ $after_zrt == *" $word "* ]] || fail "'zrt ' does not offer $word: $after_zrt"
 done
 after_run=$(offered run --)
