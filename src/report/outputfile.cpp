@@ -5,7 +5,10 @@
 
 #include <cstdio>
 
-QString OutputFile::refusal(const QString &path)
+namespace {
+
+// Empty when `path` may be written; else why not.
+QString refusal(const QString &path)
 {
     if (path.isEmpty())
         return QStringLiteral("no file named");
@@ -16,6 +19,8 @@ QString OutputFile::refusal(const QString &path)
         return QStringLiteral("%1 is not a regular file").arg(path);
     return QString();
 }
+
+} // namespace
 
 bool OutputFile::open(const QString &path)
 {

@@ -12,10 +12,8 @@
 class OutputFile
 {
 public:
-    // Empty when `path` may be written; else why not.
-    static QString refusal(const QString &path);
-
-    // Fails, with errorString(), where refusal() says no or the file cannot be made.
+    // Fails, with errorString(), for an empty name, anything but a regular
+    // file or "-", or a file that cannot be made.
     bool open(const QString &path);
     QIODevice *device();
     // The whole text in place, or nothing of it.
