@@ -7,6 +7,7 @@
 #include "picturebutton.h"
 #include "runplan.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFocusEvent>
@@ -152,14 +153,16 @@ bool frmZRT::eventFilter(QObject *watched, QEvent *event)
     case QEvent::FocusIn:
         combo_GotFocus(box);
         break;
-    case QEvent::FocusOut: {
-        // The box's own drop-down and a switch to another window do not take
-        // the focus away from it within this window.
-        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+    case QEvent::FocusOut:
+        // A switch to another window does not take the focus from the box
+        // within this window, nor does a popup (its drop-down, its edit menu),
+        // which hands the focus back when it closes. Where the focus went
+        // decides, not the reason: a box's first drop-down is reported twice,
+        // the second time with another reason.
+        if (static_cast<QFocusEvent *>(event)->reason() != Qt::ActiveWindowFocusReason
+            && !QApplication::activePopupWidget())
             combo_LostFocus(box);
         break;
-    }
     case QEvent::KeyPress:
         EnterAsTab(box, static_cast<QKeyEvent *>(event));
         break;

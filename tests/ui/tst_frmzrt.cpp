@@ -4,11 +4,13 @@
 #include "picturebutton.h"
 #include "scriptedconnection.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalSpy>
+#include <QStyleOptionComboBox>
 #include <QTest>
 
 namespace {
@@ -86,6 +88,8 @@ class TestFrmZrt : public QObject
 
 private slots:
     void startUpAndTheThreeLists();
+    void dropDownKeepsTheFocus_data();
+    void dropDownKeepsTheFocus();
     void pressingTheProcessButton_data();
     void pressingTheProcessButton();
     void missingDatabaseIsCreated();
@@ -152,6 +156,61 @@ void TestFrmZrt::startUpAndTheThreeLists()
     f.pressEnter(server);
     QCOMPARE(f.dialogs.messages, QStringList{kConnectionNotEstablished});
     QVERIFY(f.items("cmbDataBase").isEmpty());
+}
+
+void TestFrmZrt::dropDownKeepsTheFocus_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<bool>("byMouse"); // on the arrow, both ways; else Alt+Down, then F4, closed by Escape
+    for (const char *box : {"cmbType", "cmbServer", "cmbDataBase"}) {
+        QTest::addRow("%s by mouse", box) << box << true;
+        QTest::addRow("%s by keys", box) << box << false;
+    }
+}
+
+void TestFrmZrt::dropDownKeepsTheFocus()
+{
+    QFETCH(QString, box);
+    QFETCH(bool, byMouse);
+    Fixture f;
+    f.list({"QuorvexA"});
+    QVERIFY(QTest::qWaitForWindowActive(&f.window));
+    QComboBox *list = f.combo(box);
+    QComboBox *server = f.combo("cmbServer");
+    if (list == f.combo("cmbDataBase"))
+        f.pressEnter(server); // an empty list has no drop-down
+    const qsizetype listings = f.listing.logs().size();
+    QStyleOptionComboBox option;
+    option.initFrom(list);
+    option.editable = true;
+    const QPoint arrow = list->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, list).center();
+    if (!byMouse)
+        list->setFocus();
+    // The first opening is the one Qt reports as a loss of the focus twice.
+    for (const bool first : {true, false}) {
+        if (byMouse)
+            QTest::mouseClick(list, Qt::LeftButton, {}, arrow);
+        else
+            QTest::keyClick(list, first ? Qt::Key_Down : Qt::Key_F4, first ? Qt::AltModifier : Qt::NoModifier);
+        QWidget *popup = list->view()->window();
+        QVERIFY(popup->isVisible());
+        QVERIFY(highlighted(list, true));
+        if (byMouse)
+            QTest::mouseClick(popup, Qt::LeftButton, {}, popup->mapFromGlobal(list->mapToGlobal(arrow)));
+        else
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(!popup->isVisible());
+        QCOMPARE(QApplication::focusWidget(), list);
+        QVERIFY(highlighted(list, true));
+    }
+    QCOMPARE(f.listing.logs().size(), listings);
+    QVERIFY(f.dialogs.messages.isEmpty());
+    // Leaving the server list still lists, once.
+    server->setFocus();
+    QTest::keyClick(server, byMouse ? Qt::Key_Tab : Qt::Key_Return);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(f.listing.logs().size(), listings + 1);
+    QCOMPARE(f.items("cmbDataBase"), QStringList{"QuorvexA"});
 }
 
 void TestFrmZrt::pressingTheProcessButton_data()
