@@ -3,6 +3,7 @@
 #include "commandoptions.h"
 #include "databasecheck.h"
 #include "databaselisting.h"
+#include "exitstatus.h"
 #include "printabletext.h"
 
 #include <QJsonArray>
@@ -135,9 +136,8 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
         context.out << headerLine(QStringLiteral("check"),
                                   QStringLiteral("database '%1', %2, mode %3").arg(choice->database, targetName(parser), choice->mode),
                                   QDateTime::currentDateTime());
-    DatabaseCheckResult result =
-        checkDatabase(choice->mode, choice->server, choice->database, chosenConnections(parser, context));
-    result.error = secretMask(parser)(result.error);
+    const DatabaseCheckResult result = checkDatabase(choice->mode, choice->server, choice->database,
+                                                     targetName(parser), chosenConnections(parser, context));
     if (json)
         printJson(context.out, checkJson(choice->database, result));
     else if (result.drift)
@@ -153,14 +153,12 @@ int checkAll(const QCommandLineParser &parser, const QString &mode, bool json, C
     if (!json)
         context.out << headerLine(QStringLiteral("check --all"), QStringLiteral("server %1, mode %2").arg(server, mode),
                                   QDateTime::currentDateTime());
-    const auto mask = secretMask(parser);
     int status = kExitOk;
     int byStatus[kExitNothingDone + 1] = {};
     QJsonArray databases;
     const AllChecksResult all = checkAllDatabases(mode, server, context.sqlServer(kDefaultStatementSeconds), context.stop,
-                                                  [&](const QString &database, DatabaseCheckResult result) {
-        result.error = mask(result.error);
-        status = std::max(status, exitStatus(result));
+                                                  [&](const QString &database, const DatabaseCheckResult &result) {
+        status = moreSerious(status, exitStatus(result));
         ++byStatus[exitStatus(result)];
         databases.append(checkJson(database, result));
         if (json)
@@ -169,18 +167,19 @@ int checkAll(const QCommandLineParser &parser, const QString &mode, bool json, C
                     << (result.drift ? differencesText(*result.drift) : escapedControls(result.error)) << "\n";
         context.out.flush();
     });
-    if (all.listingFailed)
+    if (all.listing.failed())
         status = kExitNothingDone;
     else if (all.checked < all.databases.size())
         status = kExitInterrupted;
     if (json) {
         QJsonObject document{{QStringLiteral("server"), server}, {QStringLiteral("mode"), mode},
                              {QStringLiteral("databases"), databases}, {QStringLiteral("exit"), status}};
-        if (all.listingFailed)
-            document.insert(QStringLiteral("error"), QLatin1String(kConnectionNotEstablished));
+        if (all.listing.failed())
+            document.insert(QStringLiteral("error"), listingFailureText(all.listing, QLatin1String("server ") + server));
         printJson(context.out, document);
-    } else if (all.listingFailed) {
-        context.err << kConnectionNotEstablished << "\n";
+    } else if (all.listing.failed()) {
+        context.err << "zrt check: " << escapedControls(listingFailureText(all.listing, QLatin1String("server ") + server))
+                    << "\n";
     } else {
         context.out << QStringLiteral("%1 databases: %2 match, %3 differ, %4 could not be read, %5 not checked\n")
                            .arg(all.databases.size())

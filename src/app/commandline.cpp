@@ -1,11 +1,14 @@
 #include "commandline.h"
 
 #include "checkcommand.h"
+#include "exitstatus.h"
 #include "listcommand.h"
 #include "printabletext.h"
 #include "programversion.h"
 #include "runcommand.h"
 #include "scriptcommand.h"
+
+#include <QIODevice>
 
 namespace {
 
@@ -41,10 +44,10 @@ constexpr char kProgramHelp[] =
 
 } // namespace
 
-int runCommandLine(const QStringList &arguments, CommandContext &context)
+namespace {
+
+int dispatch(const QString &command, const QStringList &rest, CommandContext &context)
 {
-    const QString command = arguments.value(1);
-    const QStringList rest = arguments.mid(2);
     if (command == QLatin1String("script"))
         return scriptCommand(rest, context);
     if (command == QLatin1String("list"))
@@ -55,6 +58,24 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         return planCommand(rest, context);
     if (command == QLatin1String("check"))
         return checkCommand(rest, context);
+    return -1;
+}
+
+} // namespace
+
+int runCommandLine(const QStringList &arguments, CommandContext &context)
+{
+    const QString command = arguments.value(1);
+    if (const int status = dispatch(command, arguments.mid(2), context); status >= 0) {
+        // Output that did not all arrive is a lost file like any other.
+        context.out.flush();
+        if (context.out.status() == QTextStream::Ok)
+            return status;
+        context.err << "zrt " << command << ": cannot write the standard output"
+                    << (context.out.device() ? QLatin1String(": ") + context.out.device()->errorString() : QString())
+                    << "\n";
+        return withLostReport(status, true);
+    }
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
         context.out << kProgramHelp;
         return kExitOk;

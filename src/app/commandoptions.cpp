@@ -1,23 +1,32 @@
 #include "commandoptions.h"
 
 #include "connectionprofiles.h"
+#include "odbckeywords.h"
 #include "printabletext.h"
 #include "programversion.h"
 
-#include <QRegularExpression>
-
 namespace {
 
-const QRegularExpression kOdbcPassword(QStringLiteral(R"((?:^|;)\s*PWD\s*=\s*(\{(?:[^}]|\}\})*\}|[^;]*))"),
-                                       QRegularExpression::CaseInsensitiveOption);
-
-// The password of an ODBC string as it stands there, and unbraced.
-QStringList odbcPassword(const QString &odbc)
+// A server name that the ODBC driver would read as keywords of its own.
+bool holdsKeywordCharacters(const QString &server)
 {
-    const QString value = kOdbcPassword.match(odbc).captured(1);
-    if (!value.startsWith(QLatin1Char('{')))
-        return {value};
-    return {value, value.mid(1, value.size() - 2).replace(QLatin1String("}}"), QLatin1String("}"))};
+    for (const QChar c : server) {
+        if (c == u';' || c == u'{' || c == u'}' || c == u'=')
+            return true;
+    }
+    return false;
+}
+
+// The database a given ODBC string names with its DATABASE keyword, if any
+// of them names another than `database`.
+std::optional<QString> otherDatabase(const QString &odbc, const QString &database)
+{
+    for (const OdbcKeyword &keyword : odbcKeywords(odbc)) {
+        if (keyword.name.compare(QLatin1String("DATABASE"), Qt::CaseInsensitive) == 0
+            && keyword.value.compare(database, Qt::CaseInsensitive) != 0)
+            return keyword.value;
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -110,22 +119,19 @@ std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, con
 QString targetName(const QCommandLineParser &parser)
 {
     if (const std::optional<QString> odbc = givenOdbc(parser))
-        return QLatin1String("ODBC ") + secretMask(parser)(*odbc);
+        return QLatin1String("ODBC ") + withoutPasswords(*odbc);
     const QString server = parser.value(QStringLiteral("server"));
     return server.isEmpty() ? QStringLiteral("the local default instance") : QLatin1String("server ") + server;
 }
 
-std::function<QString(QString)> secretMask(const QCommandLineParser &parser)
+bool checkedServer(const QCommandLineParser &parser, const QString &command, CommandContext &context)
 {
-    const QStringList secrets = odbcPassword(givenOdbc(parser).value_or(QString()));
-    return [secrets](QString text) {
-        text = ConnectionProfiles::withoutPasswords(std::move(text));
-        for (const QString &secret : secrets) {
-            if (!secret.isEmpty())
-                text.replace(secret, QLatin1String("****"));
-        }
-        return text;
-    };
+    const QString server = parser.value(QStringLiteral("server"));
+    if (!holdsKeywordCharacters(server))
+        return true;
+    context.err << "zrt " << command << ": the server name '" << escapedControls(server)
+                << "' holds one of ; { } =, which the ODBC driver would read as more of its keywords\n";
+    return false;
 }
 
 QString headerLine(const QString &command, const QString &subject, const QDateTime &started)
@@ -151,11 +157,21 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
         context.err << "zrt " << command << ": give --server or --odbc, not both\n";
         return std::nullopt;
     }
+    const std::optional<QString> odbc = givenOdbc(parser);
     // ONLINE opens only the hosted servers, whatever string it is given.
-    if (givenOdbc(parser) && *mode == QLatin1String(ConnectionProfiles::kOnline)) {
+    if (odbc && *mode == QLatin1String(ConnectionProfiles::kOnline)) {
         context.err << "zrt " << command << ": --odbc and ZRT_ODBC go with --mode OFFLINE or LOCAL, not ONLINE\n";
         return std::nullopt;
     }
+    // The program names the database at login; a string naming another
+    // would send the run there instead.
+    if (const std::optional<QString> other = odbc ? otherDatabase(*odbc, *database) : std::nullopt) {
+        context.err << "zrt " << command << ": the ODBC string names the database '" << escapedControls(*other)
+                    << "', not '" << escapedControls(*database) << "' of --database\n";
+        return std::nullopt;
+    }
+    if (!checkedServer(parser, command, context))
+        return std::nullopt;
     return DatabaseChoice{*mode, *database, parser.value(QStringLiteral("server"))};
 }
 
@@ -173,5 +189,5 @@ bool checkedForm(const QCommandLineParser &parser, const QString &command, const
         context.err << "zrt " << command << ": --all needs --server\n";
         return false;
     }
-    return true;
+    return !all || checkedServer(parser, command, context);
 }

@@ -47,8 +47,9 @@ ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandCon
 // --odbc string with its password masked.
 QString targetName(const QCommandLineParser &parser);
 
-// Masks the logins' passwords and the one --odbc carries.
-std::function<QString(QString)> secretMask(const QCommandLineParser &parser);
+// True unless --server holds a character the ODBC driver would read as more
+// keywords; else a usage message.
+bool checkedServer(const QCommandLineParser &parser, const QString &command, CommandContext &context);
 
 // The first line of a command's output: the program's version, what it works
 // on and when it started.

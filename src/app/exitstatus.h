@@ -3,13 +3,33 @@
 #include "commandcontext.h"
 #include "databaserun.h"
 
-inline int exitStatusOf(RunOutcome outcome)
+#include <algorithm>
+#include <array>
+
+// The more serious of two statuses: 130 above 4 above 3 above 1 above 0.
+inline int moreSerious(int a, int b)
 {
-    switch (outcome) {
+    constexpr std::array kRising = {kExitOk, kExitDiffers, kExitFailures, kExitNothingDone, kExitInterrupted};
+    const auto rank = [&kRising](int status) { return std::find(kRising.begin(), kRising.end(), status) - kRising.begin(); };
+    return rank(a) >= rank(b) ? a : b;
+}
+
+// A lost report, index or standard output makes the status at least 3.
+inline int withLostReport(int status, bool lost)
+{
+    return lost ? moreSerious(status, kExitFailures) : status;
+}
+
+inline int exitStatusOf(const std::optional<DatabaseRunResult> &result)
+{
+    switch (outcomeOf(result)) {
     case RunOutcome::Completed:
         return kExitOk;
     case RunOutcome::CompletedWithFailures:
+    case RunOutcome::PreviewStopped:
         return kExitFailures;
+    case RunOutcome::ConnectionLost:
+        return result->tally.count(StatementResult::Succeeded) == 0 ? kExitNothingDone : kExitFailures;
     case RunOutcome::NothingApplied:
     case RunOutcome::CouldNotStart:
         return kExitNothingDone;
@@ -18,10 +38,4 @@ inline int exitStatusOf(RunOutcome outcome)
         return kExitInterrupted;
     }
     Q_UNREACHABLE();
-}
-
-// A lost report or index makes a clean run's status 3; a worse one stands.
-inline int withLostReport(int status, bool lost)
-{
-    return lost && status == kExitOk ? kExitFailures : status;
 }

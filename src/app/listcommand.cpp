@@ -22,7 +22,7 @@ int listCommand(const QStringList &arguments, CommandContext &context)
         return *exit;
     const std::optional<QString> mode = checkedMode(parser, context);
     const std::optional<QString> server = requiredValue(parser, QStringLiteral("server"), context);
-    if (!mode || !server)
+    if (!mode || !server || !checkedServer(parser, QStringLiteral("list"), context))
         return kExitUsage;
 
     const bool json = parser.isSet(QStringLiteral("json"));
@@ -32,17 +32,18 @@ int listCommand(const QStringList &arguments, CommandContext &context)
         if (!json)
             context.out << escapedControls(name) << "\n";
     });
-    const int status = outcome.failed ? kExitNothingDone : kExitOk;
+    const int status = outcome.failed() ? kExitNothingDone : kExitOk;
+    const QString error = outcome.failed() ? listingFailureText(outcome, QLatin1String("server ") + *server) : QString();
     if (json) {
         QJsonObject document{{QStringLiteral("mode"), *mode},
                              {QStringLiteral("server"), *server},
                              {QStringLiteral("databases"), QJsonArray::fromStringList(names)},
                              {QStringLiteral("exit"), status}};
-        if (outcome.failed)
-            document.insert(QStringLiteral("error"), QLatin1String(kConnectionNotEstablished));
+        if (outcome.failed())
+            document.insert(QStringLiteral("error"), error);
         context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
-    } else if (outcome.failed) {
-        context.err << kConnectionNotEstablished << "\n";
+    } else if (outcome.failed()) {
+        context.err << "zrt list: " << escapedControls(error) << "\n";
     }
     return status;
 }

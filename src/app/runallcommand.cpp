@@ -49,7 +49,7 @@ int allExitStatus(const AllRunsResult &all)
     int status = kExitOk;
     bool lost = !all.indexErrors.isEmpty();
     for (const std::optional<DatabaseRunResult> &result : all.results) {
-        status = std::max(status, exitStatusOf(outcomeOf(result)));
+        status = moreSerious(status, exitStatusOf(result));
         lost = lost || (result && !result->reportError.isEmpty());
     }
     return withLostReport(status, lost);
@@ -66,7 +66,6 @@ int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool pr
         return kExitUsage;
     AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer(*statementSeconds)};
     runs.preview = preview;
-    runs.mask = secretMask(parser);
     runs.stop = context.stop;
     if (parser.isSet(QStringLiteral("jobs"))) {
         bool ok = false;
@@ -97,14 +96,15 @@ int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool pr
         };
     }
     const AllRunsResult all = runAllDatabases(runs);
-    if (all.listingFailed) {
+    if (all.listing.failed()) {
+        const QString error = listingFailureText(all.listing, QLatin1String("server ") + runs.server);
         if (json)
-            context.out << QJsonDocument(QJsonObject{{QStringLiteral("error"), QLatin1String(kConnectionNotEstablished)},
+            context.out << QJsonDocument(QJsonObject{{QStringLiteral("error"), error},
                                                      {QStringLiteral("exit"), kExitNothingDone}})
                                .toJson(QJsonDocument::Compact)
                         << "\n";
         else
-            context.err << kConnectionNotEstablished << "\n";
+            context.err << command << escapedControls(error) << "\n";
         return kExitNothingDone;
     }
     const int status = allExitStatus(all);

@@ -64,9 +64,17 @@ void drawProgress(QTextStream &err, int value, int maximum)
     err.flush();
 }
 
-QString outcomeLine(RunOutcome outcome, const StatementTally &tally, bool reported)
+QString outcomeLine(const DatabaseRunResult &result, bool reported)
 {
-    switch (outcome) {
+    const StatementTally &tally = result.tally;
+    const auto stopped = [&result](const char *what) {
+        return QStringLiteral("%1 after statement #%2: %3; %4 statements not sent")
+            .arg(QLatin1String(what))
+            .arg(result.stop->afterStatement)
+            .arg(escapedControls(result.stop->detail))
+            .arg(result.notSent);
+    };
+    switch (const RunOutcome outcome = outcomeOf(result)) {
     case RunOutcome::Completed:
         return QStringLiteral("completed: %1 statements, none failed unexpectedly").arg(tally.sent());
     case RunOutcome::CompletedWithFailures:
@@ -75,9 +83,14 @@ QString outcomeLine(RunOutcome outcome, const StatementTally &tally, bool report
             .arg(tally.sent());
     case RunOutcome::NothingApplied:
         return QStringLiteral("nothing applied: none of %1 statements succeeded").arg(tally.sent());
+    case RunOutcome::ConnectionLost:
+        return stopped("connection lost");
+    case RunOutcome::PreviewStopped:
+        return stopped("preview stopped, nothing more sent to the database,");
     case RunOutcome::Interrupted:
-        return QStringLiteral("interrupted after %1 statements%2")
+        return QStringLiteral("interrupted after %1 statements, %2 not sent%3")
             .arg(tally.sent())
+            .arg(result.notSent)
             .arg(reported ? QStringLiteral("; the report is kept, marked incomplete") : QString());
     default:
         return outcomeName(outcome);
@@ -85,12 +98,14 @@ QString outcomeLine(RunOutcome outcome, const StatementTally &tally, bool report
 }
 
 // Why a preview found no database, and what a run would do about it.
-QString wouldBeCreated(const DatabaseRun &run)
+QString wouldBeCreated(const DatabaseRun &run, const QString &reason)
 {
     if (!run.createAt)
-        return QStringLiteral("zrt plan: the database would be created; give --create-at FILEBASE to see how\n");
-    return QStringLiteral("zrt plan: the database would be created by: %1\n")
-        .arg(escapedControls(createDatabaseStatement(QFileInfo(*run.createAt).fileName(), *run.createAt)));
+        return QStringLiteral("zrt plan: %1; a run would create it: give --create-at FILEBASE to see how\n")
+            .arg(escapedControls(reason));
+    return QStringLiteral("zrt plan: %1; a run would create it by: %2\n")
+        .arg(escapedControls(reason),
+             escapedControls(createDatabaseStatement(QFileInfo(*run.createAt).fileName(), *run.createAt)));
 }
 
 int runOne(const QCommandLineParser &parser, const Command &command, CommandContext &context)
@@ -119,7 +134,6 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
-    run.mask = secretMask(parser);
     if (context.terminal && !json && !quiet)
         run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
     run.stop = context.stop;
@@ -134,7 +148,7 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     }
     const DatabaseRunResult result = runDatabase(run);
     const RunOutcome outcome = outcomeOf(result);
-    const int status = withLostReport(exitStatusOf(outcome), !result.reportError.isEmpty());
+    const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty());
     if (json) {
         QJsonObject document = runContext(run, result.started);
         const QJsonObject details = runJson(result);
@@ -146,19 +160,21 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     }
     if (run.progress)
         context.err << "\n";
-    if (outcome == RunOutcome::CouldNotStart && command.preview && result.cannotOpen) {
-        context.err << wouldBeCreated(run);
+    const bool missing = result.openFailure == OpenFailure::DatabaseMissing;
+    if (outcome == RunOutcome::CouldNotStart && command.preview && missing) {
+        context.err << wouldBeCreated(run, result.reason);
     } else if (outcome == RunOutcome::CouldNotStart) {
-        const bool creatable = !run.createAt && result.cannotOpen;
         context.err << "zrt " << command.name << ": could not start: " << escapedControls(result.reason)
-                    << (creatable ? "; give --create-at FILEBASE to create it" : "") << "\n";
+                    << (missing && !run.createAt ? "; give --create-at FILEBASE to create it" : "") << "\n";
     } else {
         if (!quiet && result.preview)
             context.out << result.preview->lines(result.tally).join(QLatin1Char('\n')) << "\n";
         if (!quiet)
             context.out << result.tally.summary(parser.isSet(QStringLiteral("verbose")), run.report);
-        context.out << (command.preview ? QLatin1String("a run would end ") : QLatin1String(""))
-                    << outcomeLine(outcome, result.tally, run.report) << "\n";
+        // What the preview saw is what a run would do, up to where a preview stops.
+        const bool wouldEnd = command.preview && !result.stop;
+        context.out << (wouldEnd ? QLatin1String("a run would end ") : QLatin1String(""))
+                    << outcomeLine(result, run.report) << "\n";
     }
     if (!result.reportError.isEmpty())
         context.err << "zrt " << command.name << ": " << escapedControls(result.reportError) << "\n";

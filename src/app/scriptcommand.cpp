@@ -26,10 +26,15 @@ int scriptCommand(const QStringList &arguments, CommandContext &context)
         return kExitOk;
     }
     OutputFile file;
-    if (!file.open(parser.value(output)) || file.device()->write(script) != script.size() || !file.commit()) {
+    if (!file.open(parser.value(output))) {
         context.err << "zrt script: cannot write --output " << escapedControls(file.name()) << ": "
                     << escapedControls(file.errorString()) << "\n";
         return kExitUsage;
+    }
+    if (!file.write(script) || !file.commit()) {
+        context.err << "zrt script: cannot write " << escapedControls(file.name()) << ": "
+                    << escapedControls(file.errorString()) << "\n";
+        return kExitFailures;
     }
     return kExitOk;
 }

@@ -52,13 +52,6 @@ QString fallbackConnectionString()
     return QString::fromLatin1(kFallback);
 }
 
-QString withoutPasswords(QString text)
-{
-    for (const char *password : {kLocalPassword, kOnlinePassword})
-        text.replace(QLatin1String(password), QLatin1String("****"));
-    return text;
-}
-
 QString onlineDataSource()
 {
     const QString host = qEnvironmentVariable("ZRT_ONLINE_SERVER", QString::fromLatin1(kOnlineHost));

@@ -24,9 +24,6 @@ std::optional<QString> listingConnectionString(const QString &mode, const QStrin
 // Opened under integrated security when the chosen database cannot be.
 QString fallbackConnectionString();
 
-// The text with the logins' passwords masked, for anything printed.
-QString withoutPasswords(QString text);
-
 // "tcp:" host ",1433" of the hosted server; ZRT_ONLINE_SERVER overrides the host.
 QString onlineDataSource();
 

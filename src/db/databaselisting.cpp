@@ -1,6 +1,8 @@
 #include "databaselisting.h"
 
 #include "connectionprofiles.h"
+#include "odbckeywords.h"
+#include "openfailure.h"
 
 #include <QStringList>
 
@@ -13,14 +15,14 @@ constexpr char kOfflineQuery[] = "Select name From sysdatabases Where name like 
 constexpr char kOnlineQuery[] =
     "Select name From sys.databases Where name like 'Quorvex%' And HAS_DBACCESS(name) = 1 Order By name";
 
-bool readNames(Connection &connection, const QString &connectionString, const QString &query,
-               const std::function<void(const QString &)> &add)
+DbStatus readNames(Connection &connection, const QString &connectionString, const QString &query,
+                   const std::function<void(const QString &)> &add)
 {
-    if (!connection.open(connectionString).ok)
-        return false;
+    if (const DbStatus opened = connection.open(connectionString); !opened.ok)
+        return opened;
     ResultSet names;
-    if (!connection.query(query, names).ok)
-        return false;
+    if (const DbStatus queried = connection.query(query, names); !queried.ok)
+        return queried;
     const DbStatus read = forEachRow(names, [&add](const ResultSet &row) {
         const std::optional<QVariant> name = row.field(QStringLiteral("name"));
         if (name)
@@ -28,9 +30,9 @@ bool readNames(Connection &connection, const QString &connectionString, const QS
         return name.has_value();
     });
     if (!read.ok)
-        return false;
+        return read;
     names.close();
-    return connection.close().ok;
+    return connection.close();
 }
 
 } // namespace
@@ -54,16 +56,25 @@ ListingOutcome listDatabases(const QString &mode, const QString &server, const C
         return outcome; // an unknown mode lists nothing and says nothing
 
     const std::unique_ptr<Connection> connection = factory();
-    if (!online) {
-        outcome.failed = !readNames(*connection, *connectionString, query, add);
-        return outcome;
-    }
     // The hosted list is offered whole or not at all.
     QStringList hosted;
-    outcome.failed = !readNames(*connection, *connectionString, query, [&hosted](const QString &name) { hosted << name; });
-    if (!outcome.failed) {
+    outcome.failure = readNames(*connection, *connectionString, query, [&](const QString &name) {
+        if (online)
+            hosted << name;
+        else
+            add(name);
+    });
+    if (!outcome.failed()) {
         for (const QString &name : std::as_const(hosted))
             add(name);
     }
     return outcome;
+}
+
+QString listingFailureText(const ListingOutcome &outcome, const QString &target)
+{
+    const OpenFailure kind = openFailureOf(outcome.failure);
+    if (kind == OpenFailure::Unreachable || kind == OpenFailure::LoginRefused)
+        return withoutPasswords(openFailureText(outcome.failure, target));
+    return withoutPasswords(QStringLiteral("cannot list the databases of %1: %2").arg(target, outcome.failure.message));
 }

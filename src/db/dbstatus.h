@@ -11,10 +11,17 @@ struct DbStatus
     int nativeError = 0;
     // The statement ran past its time and was cancelled: a failure of its own kind.
     bool timedOut = false;
+    QString sqlState; // the driver's five-character state, where it gave one
+    // The connection died with this failure: nothing sent on it can arrive.
+    bool connectionLost = false;
 
     static DbStatus success() { return {}; }
     static DbStatus failure(QString message, int nativeError = 0)
     {
-        return {false, std::move(message), nativeError, false};
+        DbStatus status;
+        status.ok = false;
+        status.message = std::move(message);
+        status.nativeError = nativeError;
+        return status;
     }
 };

@@ -2,9 +2,10 @@
 
 #include "connectionprofiles.h"
 
-mdZRT::mdZRT(ConnectionFactory factory, QString dataSource)
+mdZRT::mdZRT(ConnectionFactory factory, QString dataSource, Fallback fallback)
     : m_factory(std::move(factory))
     , m_dataSource(std::move(dataSource))
+    , m_fallback(fallback)
 {
 }
 
@@ -28,14 +29,19 @@ void mdZRT::OpenConnection(const QString &mode, const QString &server, const QSt
             SharedConnection().open(ConnectionProfiles::runConnectionString(*prefix, database, m_dataSource));
         if (!status.ok) {
             m_connectionOpened = false;
-            OpenFallbackConnection();
+            m_openFailure = status;
+            OpenFallbackConnection(mode);
             return;
         }
     }
     m_connectionOpened = true;
+    m_openFailure = DbStatus::success();
 }
 
-void mdZRT::OpenFallbackConnection()
+void mdZRT::OpenFallbackConnection(const QString &mode)
 {
-    SharedConnection().open(ConnectionProfiles::fallbackConnectionString());
+    const QString fallback = m_fallback == Fallback::LocalWindowsLogin
+        ? ConnectionProfiles::fallbackConnectionString()
+        : ConnectionProfiles::runConnectionString(*ConnectionProfiles::prefix(mode), QStringLiteral("tempdb"), m_dataSource);
+    SharedConnection().open(fallback);
 }

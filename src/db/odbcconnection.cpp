@@ -3,11 +3,23 @@
 #include "odbchandle.h"
 #include "odbcrows.h"
 
+#include <QList>
+
+#include <algorithm>
+
 namespace {
 
 SQLWCHAR *wide(const QString &text)
 {
     return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(text.utf16()));
+}
+
+// FreeTDS reads the attribute before it knows the connection's character set,
+// and carries only Latin-1 text through; any other name is selected once
+// logged in.
+bool carriedAtLogin(const QString &catalog)
+{
+    return !catalog.isEmpty() && std::all_of(catalog.begin(), catalog.end(), [](QChar c) { return c.unicode() <= 0xff; });
 }
 
 // An attribute's whole-number value, as ODBC passes it.
@@ -75,14 +87,20 @@ DbStatus OdbcConnection::open(const QString &connectionString)
     // The driver bounds the login by one, the waits around it by the other.
     SQLSetConnectAttrW(connection, SQL_ATTR_LOGIN_TIMEOUT, attribute(m_timeouts.loginSeconds), SQL_IS_UINTEGER);
     SQLSetConnectAttrW(connection, SQL_ATTR_CONNECTION_TIMEOUT, attribute(m_timeouts.loginSeconds), SQL_IS_UINTEGER);
+    // Named in the login itself, as an attribute: a login whose own default
+    // database is missing still opens this one, a missing one is refused by
+    // the login, and no typed name ever reaches the string's keywords.
+    const bool atLogin = carriedAtLogin(target.catalog);
+    if (atLogin)
+        SQLSetConnectAttrW(connection, SQL_ATTR_CURRENT_CATALOG, wide(target.catalog), SQL_NTS);
     const SQLRETURN connected = SQLDriverConnectW(connection, nullptr, wide(target.connectionString),
                                                   SQLSMALLINT(target.connectionString.size()), nullptr, 0, nullptr,
                                                   SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(connected))
-        return session->connection.failure();
+        return session->connection.failure(true); // the reason may stand in any of its records
     session->connected = true;
     m_session = std::move(session);
-    if (!target.catalog.isEmpty()) {
+    if (!target.catalog.isEmpty() && !inCatalog(target.catalog, atLogin)) {
         const DbStatus selected = run(QLatin1String("USE ") + bracketed(target.catalog), m_timeouts.loginSeconds, nullptr);
         if (!selected.ok) {
             m_session.reset();
@@ -90,6 +108,25 @@ DbStatus OdbcConnection::open(const QString &connectionString)
         }
     }
     return DbStatus::success();
+}
+
+bool OdbcConnection::inCatalog(const QString &catalog, bool namedAtLogin) const
+{
+    const SQLHDBC connection = m_session->connection.get();
+    QList<SQLWCHAR> current(256);
+    SQLINTEGER bytes = 0;
+    if (namedAtLogin && SQL_SUCCEEDED(SQLGetConnectAttrW(connection, SQL_ATTR_CURRENT_CATALOG, current.data(),
+                                         SQLINTEGER(current.size() * sizeof(SQLWCHAR)), &bytes))
+        && bytes >= 0 && QString::fromUtf16(reinterpret_cast<const char16_t *>(current.constData()),
+                                            std::min<qsizetype>(bytes / qsizetype(sizeof(SQLWCHAR)), current.size() - 1))
+                                 .compare(catalog, Qt::CaseInsensitive)
+            == 0)
+        return true;
+    // A driver without catalogs (a database in a file) is always in its one database.
+    SQLWCHAR supported[2] = {};
+    SQLSMALLINT length = 0;
+    return SQL_SUCCEEDED(SQLGetInfoW(connection, SQL_CATALOG_NAME, supported, sizeof supported, &length))
+        && supported[0] == u'N';
 }
 
 DbStatus OdbcConnection::execute(const QString &sql)
@@ -114,7 +151,7 @@ DbStatus OdbcConnection::run(const QString &sql, int timeoutSeconds, ResultSet *
     // connection is free for the next statement.
     for (;;) {
         if (result != SQL_NO_DATA && !SQL_SUCCEEDED(result))
-            return statement.failure();
+            return withConnectionState(statement.failure());
         SQLSMALLINT columns = 0;
         if (into && !rows && result != SQL_NO_DATA && SQL_SUCCEEDED(SQLNumResultCols(statement.get(), &columns))
             && columns > 0) {
@@ -130,6 +167,15 @@ DbStatus OdbcConnection::run(const QString &sql, int timeoutSeconds, ResultSet *
     if (into)
         *into = rows ? std::move(*rows) : ResultSet(QStringList(), {});
     return DbStatus::success();
+}
+
+DbStatus OdbcConnection::withConnectionState(DbStatus failure) const
+{
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    failure.connectionLost = SQL_SUCCEEDED(SQLGetConnectAttrW(m_session->connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead,
+                                                              SQL_IS_UINTEGER, nullptr))
+        && dead == SQL_CD_TRUE;
+    return failure;
 }
 
 DbStatus OdbcConnection::setAutocommit(bool on)
@@ -168,6 +214,7 @@ ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts)
 ConnectionFactory odbcConnectionsTo(const QString &odbc, OdbcTimeouts timeouts)
 {
     return [odbc, timeouts] {
-        return std::make_unique<OdbcConnection>([odbc](const QString &) { return OdbcTarget{odbc, {}, {}}; }, timeouts);
+        return std::make_unique<OdbcConnection>([odbc](const QString &oleDb) { return odbcTargetFromGiven(odbc, oleDb); },
+                                                timeouts);
     };
 }

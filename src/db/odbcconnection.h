@@ -10,7 +10,7 @@
 // How long a connection waits on its server before it gives up.
 struct OdbcTimeouts
 {
-    int loginSeconds = 15;     // connecting and logging in, and selecting the catalog
+    int loginSeconds = 15;     // connecting and logging in, and any USE of the catalog after it
     int statementSeconds = 30; // each statement, which then fails as timed out; 0 waits for ever
 };
 
@@ -38,6 +38,10 @@ private:
     // Runs one statement, reading its first result set with columns into
     // `into` when one is asked for.
     DbStatus run(const QString &sql, int timeoutSeconds, ResultSet *into);
+    // Whether the login landed in `catalog` (named in it or not), as the driver reports it.
+    bool inCatalog(const QString &catalog, bool namedAtLogin) const;
+    // The failure, marked when the driver finds the connection dead with it.
+    DbStatus withConnectionState(DbStatus failure) const;
 
     Translator m_toOdbc;
     OdbcTimeouts m_timeouts;
@@ -47,5 +51,6 @@ private:
 // Connections to SQL Server that open the profiles' OLE DB strings.
 ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts = {});
 
-// Connections that open `odbc`, exactly as given, whatever string the system gives them.
+// Connections that open `odbc` as given, for the database that the system's
+// string names (see odbcTargetFromGiven).
 ConnectionFactory odbcConnectionsTo(const QString &odbc, OdbcTimeouts timeouts = {});

@@ -1,5 +1,7 @@
 #include "odbcconnectionstring.h"
 
+#include "odbckeywords.h"
+
 #include <QHash>
 #include <QStringList>
 
@@ -18,6 +20,9 @@ struct OleDbString
     QHash<QString, QString> keywords; // lower-case names
     QString catalog;
     QString dataSource;
+    // A second ";Data Source=" in the typed texts: which one is the server
+    // cannot be told, so nothing is opened.
+    bool ambiguous = false;
 };
 
 OleDbString parseOleDb(const QString &text)
@@ -39,6 +44,7 @@ OleDbString parseOleDb(const QString &text)
     parsed.catalog = dataSourceAt < 0 ? rest : rest.left(dataSourceAt);
     if (dataSourceAt >= 0)
         parsed.dataSource = rest.mid(dataSourceAt + dataSourceKey.size());
+    parsed.ambiguous = parsed.catalog.contains(dataSourceKey, Qt::CaseInsensitive);
     return parsed;
 }
 
@@ -94,6 +100,8 @@ OdbcTarget odbcTargetFromOleDb(const QString &oleDb)
     if (encryption != QLatin1String("request") && encryption != QLatin1String("require"))
         return refused(QStringLiteral("ZRT_ENCRYPT must be \"request\" or \"require\", not \"%1\".").arg(encryption));
     const OleDbString ole = parseOleDb(oleDb);
+    if (ole.ambiguous)
+        return refused(QStringLiteral("The server or database name holds \";Data Source=\"."));
     if (readsAsKeywords(ole.dataSource))
         return refused(QStringLiteral("The server name \"%1\" cannot be used: it holds one of ; { } =.").arg(ole.dataSource));
     const ServerAddress server = serverAddress(ole.dataSource);
@@ -117,4 +125,17 @@ OdbcTarget odbcTargetFromOleDb(const QString &oleDb)
     pairs << QStringLiteral("ClientCharset=UTF-8");
     pairs << QLatin1String("Encryption=") + encryption;
     return {pairs.join(QLatin1Char(';')), ole.catalog, QString()};
+}
+
+OdbcTarget odbcTargetFromGiven(const QString &odbc, const QString &oleDb)
+{
+    const OleDbString ole = parseOleDb(oleDb);
+    if (ole.ambiguous)
+        return refused(QStringLiteral("The database name holds \";Data Source=\"."));
+    for (const OdbcKeyword &keyword : odbcKeywords(odbc)) {
+        if (!ole.catalog.isEmpty() && keyword.name.compare(QLatin1String("DATABASE"), Qt::CaseInsensitive) == 0
+            && keyword.value.compare(ole.catalog, Qt::CaseInsensitive) != 0)
+            return {withoutKeyword(odbc, QStringLiteral("DATABASE")), ole.catalog, QString()};
+    }
+    return {odbc, ole.catalog, QString()};
 }

@@ -6,13 +6,18 @@
 struct OdbcTarget
 {
     QString connectionString; // handed to the driver as it stands
-    QString catalog;          // selected once connected; empty: the login's default
+    QString catalog;          // named at login; empty: the login's default
     QString refusal;          // why nothing may be opened; empty when it may
 };
 
 // The OLE DB string of a connection profile, for the SQL Server driver named by
 // ZRT_ODBC_DRIVER (default FreeTDS), encrypting as ZRT_ENCRYPT asks ("request",
 // the default, or "require"). No text typed or listed goes into the driver's
-// keywords: the catalog is selected after connecting, and a server name that
-// the driver would read as more keywords is refused.
+// keywords: the catalog is named at login as an attribute, and a server name
+// that the driver would read as more keywords is refused.
 OdbcTarget odbcTargetFromOleDb(const QString &oleDb);
+
+// An ODBC string the operator gave, used for the database that `oleDb` names:
+// the string as given, less a DATABASE keyword naming another catalog (as the
+// fallback on tempdb does), so that the catalog named at login holds.
+OdbcTarget odbcTargetFromGiven(const QString &odbc, const QString &oleDb);

@@ -1,6 +1,7 @@
 #include "odbchandle.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <optional>
 
@@ -47,22 +48,31 @@ OdbcHandle::~OdbcHandle()
         SQLFreeHandle(m_type, m_handle);
 }
 
-DbStatus OdbcHandle::failure() const
+DbStatus OdbcHandle::failure(bool everyMessage) const
 {
     std::optional<DbStatus> status;
     std::optional<DbStatus> warning;
+    QStringList messages;
     bool timedOut = false;
     for (SQLSMALLINT number = 1;; ++number) {
         const std::optional<DiagnosticRecord> record = diagnosticRecord(m_type, m_handle, number);
         if (!record)
             break;
         timedOut = timedOut || record->state == QLatin1String("HYT00") || record->state == QLatin1String("HYT01");
+        if (!messages.contains(record->message))
+            messages << record->message;
         std::optional<DbStatus> &slot = record->state.startsWith(QLatin1String("01")) ? warning : status;
-        if (!slot)
+        if (!slot) {
             slot = DbStatus::failure(record->message, record->nativeError);
+            slot->sqlState = record->state;
+        }
     }
     if (!status)
         status = warning.value_or(DbStatus::failure(QStringLiteral("The ODBC driver failed without saying why.")));
     status->timedOut = timedOut;
+    if (everyMessage && messages.size() > 1) {
+        messages.removeOne(status->message);
+        status->message += QLatin1String(" (") + messages.join(QLatin1String("; ")) + QLatin1Char(')');
+    }
     return *status;
 }

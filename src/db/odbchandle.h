@@ -19,8 +19,9 @@ public:
     bool isValid() const { return m_handle != SQL_NULL_HANDLE; }
 
     // The failure that the driver recorded on this handle for its last call:
-    // the first record that is not a warning, with the server's own number.
-    DbStatus failure() const;
+    // the first record that is not a warning, with the server's own number
+    // and state; `everyMessage` joins the other records' messages to its own.
+    DbStatus failure(bool everyMessage = false) const;
 
 private:
     SQLSMALLINT m_type;

@@ -2,7 +2,7 @@
 
 namespace {
 
-void collect(const Steps &steps, QStringList &statements)
+void collect(std::span<const Step> steps, QStringList &statements)
 {
     for (const Step &step : steps) {
         switch (step.kind) {
@@ -27,6 +27,13 @@ QByteArray scriptText(const QStringList &statements)
     for (const QString &statement : statements)
         script += statement.toUtf8() + "\nGO\n";
     return script;
+}
+
+int statementCount(std::span<const Step> steps)
+{
+    QStringList statements;
+    collect(steps, statements);
+    return int(statements.size());
 }
 
 QStringList statementsForEmptyDatabase(const Steps &steps)

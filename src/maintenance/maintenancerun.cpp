@@ -1,6 +1,7 @@
 #include "maintenancerun.h"
 
 #include "mdzrt.h"
+#include "emptydatabasescript.h"
 #include "runplan.h"
 
 #include <QElapsedTimer>
@@ -53,25 +54,27 @@ RunEnd MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
     return RunEnd::Completed;
 }
 
-bool MaintenanceRun::walk(const Steps &steps)
+bool MaintenanceRun::walk(std::span<const Step> steps)
 {
-    for (const Step &step : steps) {
-        m_phase = step.phase;
-        m_action = step.action;
-        switch (step.kind) {
+    for (auto step = steps.begin(); step != steps.end(); ++step) {
+        m_phase = step->phase;
+        m_action = step->action;
+        if (step->kind != Step::Kind::Progress && m_host.stopRequested()) {
+            m_notSent += statementCount(std::span(step, steps.end()));
+            return false;
+        }
+        switch (step->kind) {
         case Step::Kind::Execute:
-            if (m_host.stopRequested())
-                return false;
-            ExecuteIgnoringErrors(step.text);
+            ExecuteIgnoringErrors(step->text);
             break;
         case Step::Kind::Guard:
-            if (m_host.stopRequested())
+            if (QueryReturnsNoRows(step->text, recordset(step->recordset)) && !walk(step->whenNoRows)) {
+                m_notSent += statementCount(std::span(step + 1, steps.end()));
                 return false;
-            if (QueryReturnsNoRows(step.text, recordset(step.recordset)) && !walk(step.whenNoRows))
-                return false;
+            }
             break;
         case Step::Kind::Progress:
-            m_host.setProgress(step.progress);
+            m_host.setProgress(step->progress);
             break;
         }
     }

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <span>
+
 class mdZRT;
 
 // The operator's three choices, as the window's lists hold them.
@@ -38,13 +40,16 @@ public:
     MaintenanceRun(mdZRT &module, RunHost &host, CheckRecordsets &recordsets);
 
     RunEnd run(const RunChoice &choice, const Steps &steps);
+    // After a stop: the statements the steps still held, each guard's
+    // statements counted as a new database would receive them.
+    int notSent() const { return m_notSent; }
 
     void ExecuteIgnoringErrors(const QString &sql);
     bool QueryReturnsNoRows(const QString &select, ResultSet &into);
 
 private:
     // False when the host asked to stop.
-    bool walk(const Steps &steps);
+    bool walk(std::span<const Step> steps);
     ResultSet &recordset(Recordset which);
 
     mdZRT &m_module;
@@ -54,4 +59,5 @@ private:
     // What the statement under way belongs to, for the host's reports.
     Phase m_phase = Phase::Tables;
     Action m_action = Action::ExistenceTest;
+    int m_notSent = 0;
 };

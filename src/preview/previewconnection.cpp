@@ -56,11 +56,14 @@ ConnectionFactory previewConnections(ConnectionFactory connections)
     };
 }
 
-bool transactionStillOpen(Connection &connection)
+TransactionState transactionState(Connection &connection)
 {
     ResultSet count;
     if (!connection.query(QStringLiteral("SELECT @@TRANCOUNT AS TranCount"), count).ok)
-        return true;
-    const std::optional<QVariant> open = count.field(QStringLiteral("TranCount"));
-    return !open || open->toInt() > 0;
+        return TransactionState::Unknown;
+    bool number = false;
+    const int open = count.field(QStringLiteral("TranCount")).value_or(QVariant()).toInt(&number);
+    if (!number)
+        return TransactionState::Unknown;
+    return open > 0 ? TransactionState::Open : TransactionState::Ended;
 }

@@ -8,6 +8,8 @@
 // that ends without a commit is rolled back by the server as well.
 ConnectionFactory previewConnections(ConnectionFactory connections);
 
-// Whether the server still holds the connection's transaction. Only SQL
-// Server answers the question; elsewhere the answer is "as far as known".
-bool transactionStillOpen(Connection &connection);
+enum class TransactionState { Open, Ended, Unknown };
+
+// Whether the server still holds the connection's transaction, as SQL Server
+// tells it; Unknown when the question itself fails or gets no answer.
+TransactionState transactionState(Connection &connection);

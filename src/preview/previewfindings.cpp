@@ -70,12 +70,6 @@ void PreviewFindings::add(const StatementOutcome &outcome)
     }
 }
 
-void PreviewFindings::transactionEndedAt(int index)
-{
-    if (!m_transactionEndedAt)
-        m_transactionEndedAt = index;
-}
-
 QStringList PreviewFindings::lines(const StatementTally &tally) const
 {
     QStringList lines;
@@ -100,9 +94,7 @@ QStringList PreviewFindings::lines(const StatementTally &tally) const
             values << QStringLiteral("%1='%2'").arg(column, value);
         lines << QLatin1String("would discard the report header row: ") + values.join(QLatin1String(", "));
     }
-    if (m_transactionEndedAt)
-        lines << QStringLiteral("from statement #%1 on, the server had ended the preview's transaction: later "
-                                "statements did not see what earlier ones would do")
-                     .arg(*m_transactionEndedAt);
+    for (const QString &unread : m_before.timedOut)
+        lines << QStringLiteral("could not tell what the run would discard: reading %1 timed out").arg(unread);
     return lines;
 }

@@ -17,9 +17,6 @@ public:
     explicit PreviewFindings(DatabaseBefore before = {});
 
     void add(const StatementOutcome &outcome);
-    // The server ended the transaction after statement `index`: from there
-    // on, statements no longer see what earlier ones did.
-    void transactionEndedAt(int index);
 
     // One line each, "would ...", the counts taken from the run's `tally`,
     // the discarded rows included.
@@ -30,5 +27,4 @@ private:
     QStringList m_columnsAdded;
     QStringList m_widened;
     QStringList m_tablesCreated;
-    std::optional<int> m_transactionEndedAt;
 };

@@ -3,6 +3,7 @@
 #include "databaselisting.h"
 #include "outputfile.h"
 #include "fleetindex.h"
+#include "lastwords.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -29,7 +30,7 @@ QString reportFileName(qsizetype position, const QString &database)
 DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QString &reportFile)
 {
     DatabaseRun run{runs.mode, runs.server, database, QLatin1String("server ") + runs.server, runs.connections,
-                    std::nullopt, nullptr, runs.mask, {}, runs.stop, runs.preview};
+                    std::nullopt, nullptr, {}, runs.stop, runs.preview};
     OutputFile report;
     QString openError;
     if (runs.reportDir) {
@@ -47,8 +48,16 @@ DatabaseRunResult runOne(const AllRuns &runs, const QString &database, const QSt
 void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
 {
     OutputFile file;
-    if (!file.open(path) || file.device()->write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(path) || !file.write(bytes) || !file.commit())
         errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+}
+
+void writeIndex(const AllRuns &runs, AllRunsResult &all)
+{
+    const QDir folder(*runs.reportDir);
+    const QJsonObject index = fleetIndex(runs, all);
+    writeWhole(folder.filePath(QStringLiteral("index.json")), QJsonDocument(index).toJson(), all.indexErrors);
+    writeWhole(folder.filePath(QStringLiteral("index.html")), fleetPage(index), all.indexErrors);
 }
 
 } // namespace
@@ -57,26 +66,49 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
 {
     AllRunsResult all;
     all.started = QDateTime::currentDateTime();
-    all.listingFailed = listDatabases(runs.mode, runs.server, runs.connections,
-                                      [&all](const QString &name) { all.databases << name; })
-                            .failed;
-    if (all.listingFailed)
+    all.listing = listDatabases(runs.mode, runs.server, runs.connections,
+                                [&all](const QString &name) { all.databases << name; });
+    if (all.listing.failed())
         return all;
 
     all.results.resize(all.databases.size());
     for (qsizetype i = 0; i < all.databases.size(); ++i)
         all.reportFiles << reportFileName(i, all.databases[i]);
     std::atomic<qsizetype> next = 0;
-    QMutex telling;
+    QMutex recording; // the results, also read by the index written at once
+    QMutex telling;   // the caller's output, which may block
+    std::vector<bool> running(all.databases.size());
+    std::optional<int> indexAtOnce;
+    if (runs.reportDir) {
+        // A second Ctrl-C ends the program at once: the index still lists what
+        // ended, the running databases as interrupted, the rest as not done.
+        indexAtOnce = LastWords::instance().add([&] {
+            const QMutexLocker lock(&recording);
+            AllRunsResult now = all;
+            for (size_t i = 0; i < running.size(); ++i) {
+                if (running[i])
+                    now.results[i] = DatabaseRunResult{RunEnd::Stopped, {}, all.started, 0, {}, {}, RunStop{}, 0, {}, {}};
+            }
+            writeIndex(runs, now);
+        });
+    }
     const auto work = [&] {
         for (qsizetype i = next++; i < all.databases.size(); i = next++) {
             if (runs.stop && runs.stop->load())
                 return;
+            {
+                const QMutexLocker lock(&recording);
+                running[i] = true;
+            }
             DatabaseRunResult result = runOne(runs, all.databases[i], all.reportFiles[i]);
-            QMutexLocker lock(&telling);
+            {
+                const QMutexLocker lock(&recording);
+                running[i] = false;
+                all.results[i] = result;
+            }
+            const QMutexLocker lock(&telling);
             if (runs.finished)
                 runs.finished(all.databases[i], result);
-            all.results[i] = std::move(result);
         }
     };
     std::vector<std::thread> workers;
@@ -85,11 +117,9 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
     for (std::thread &worker : workers)
         worker.join();
 
-    if (runs.reportDir) {
-        const QDir folder(*runs.reportDir);
-        const QJsonObject index = fleetIndex(runs, all);
-        writeWhole(folder.filePath(QStringLiteral("index.json")), QJsonDocument(index).toJson(), all.indexErrors);
-        writeWhole(folder.filePath(QStringLiteral("index.html")), fleetPage(index), all.indexErrors);
-    }
+    if (indexAtOnce)
+        LastWords::instance().remove(*indexAtOnce);
+    if (runs.reportDir)
+        writeIndex(runs, all);
     return all;
 }

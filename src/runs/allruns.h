@@ -1,5 +1,6 @@
 #pragma once
 
+#include "databaselisting.h"
 #include "databaserun.h"
 
 #include <QStringList>
@@ -14,7 +15,6 @@ struct AllRuns
     ConnectionFactory connections;
     int jobs = 4;
     std::optional<QString> reportDir; // one report per database, index.json and index.html
-    std::function<QString(QString)> mask;
     const std::atomic<bool> *stop = nullptr; // no run starts once it is set
     bool preview = false;                    // each run rolled back: see DatabaseRun
     // Told of each run as it ends, one call at a time, on the run's thread.
@@ -23,7 +23,7 @@ struct AllRuns
 
 struct AllRunsResult
 {
-    bool listingFailed = false;
+    ListingOutcome listing;
     QDateTime started;
     QStringList databases; // as the server listed them
     std::vector<std::optional<DatabaseRunResult>> results; // nothing: never started

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "connection.h"
+#include "databaselisting.h"
 #include "schemadrift.h"
 
 #include <QStringList>
@@ -16,13 +17,13 @@ struct DatabaseCheckResult
 };
 
 // Opens the database as a run does, reads its catalogue and compares it with
-// what a run leaves. Sends nothing but Selects.
+// what a run leaves. Sends nothing but Selects. `target` names the server in messages.
 DatabaseCheckResult checkDatabase(const QString &mode, const QString &server, const QString &database,
-                                  const ConnectionFactory &connections);
+                                  const QString &target, const ConnectionFactory &connections);
 
 struct AllChecksResult
 {
-    bool listingFailed = false;
+    ListingOutcome listing;
     QStringList databases; // as the server listed them
     qsizetype checked = 0; // the first ones; the rest were stopped before
 };

@@ -1,13 +1,14 @@
 #include "databaserun.h"
 
 #include "mdzrt.h"
-#include "openwatch.h"
+#include "odbckeywords.h"
 #include "outputfile.h"
 #include "previewconnection.h"
 #include "printabletext.h"
 #include "programversion.h"
 #include "reportline.h"
 #include "runplan.h"
+#include "whynotopen.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -20,16 +21,17 @@ namespace {
 class HeadlessHost : public HeadlessRunHost
 {
 public:
-    HeadlessHost(const DatabaseRun &run, mdZRT &module, const OpenWatch &watch)
+    HeadlessHost(const DatabaseRun &run, mdZRT &module)
         : m_run(run)
         , m_module(module)
-        , m_watch(watch)
     {
     }
 
     const StatementTally &tally() const { return m_tally; }
     const std::optional<PreviewFindings> &findings() const { return m_findings; }
-    QString whyNotOpen() const { return m_watch.whyNotOpen(m_module, m_run.database); }
+    const std::optional<RunStop> &cut() const { return m_cut; }
+
+    QString notOpen() const { return whyNotOpen(m_module, m_run.target, m_run.database); }
 
     void setProgressMaximum(int maximum) override { m_maximum = maximum; }
     void setProgress(int value) override
@@ -37,16 +39,18 @@ public:
         if (m_run.progress)
             m_run.progress(value, m_maximum);
     }
+    // Only a database that is missing is created: not one on a server that
+    // cannot be reached or that refused the login.
     std::optional<DatabaseFile> chooseDatabaseFile() override
     {
-        if (!m_run.createAt || m_run.preview)
+        if (!m_run.createAt || m_run.preview || openFailureOf(m_module.openFailure()) != OpenFailure::DatabaseMissing)
             return std::nullopt;
         return DatabaseFile{*m_run.createAt, QFileInfo(*m_run.createAt).fileName()};
     }
     // Never into the fallback on tempdb, nor into a connection never opened.
     bool goOnAfterOpening() override
     {
-        if (!whyNotOpen().isEmpty())
+        if (!notOpen().isEmpty())
             return false;
         if (m_run.preview) // inside the preview's transaction, before its first statement
             m_findings.emplace(readDatabaseBefore(m_module.SharedConnection()));
@@ -55,25 +59,42 @@ public:
     void statementExecuted(const StatementOutcome &outcome) override
     {
         StatementOutcome masked = outcome;
-        if (m_run.mask)
-            masked.status.message = m_run.mask(outcome.status.message);
+        masked.status.message = withoutPasswords(outcome.status.message);
         m_tally.add(masked);
-        if (m_findings) {
+        if (m_findings)
             m_findings->add(masked);
-            if (isUnexpected(classify(masked)) && !transactionStillOpen(m_module.SharedConnection()))
-                m_findings->transactionEndedAt(m_tally.sent());
-        }
+        if (outcome.status.connectionLost)
+            m_cut = RunStop{StopCause::ConnectionLost, m_tally.sent(), masked.status.message};
+        else if (m_findings && isUnexpected(classify(masked)))
+            checkPreviewTransaction();
         if (m_run.report)
-            m_run.report->device()->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
+            m_run.report->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
     }
-    bool stopRequested() const override { return m_run.stop && m_run.stop->load(); }
+    bool stopRequested() const override { return m_cut || (m_run.stop && m_run.stop->load()); }
 
 private:
+    // A failure may have ended the transaction; once it has, or once that
+    // cannot be told, anything sent would be applied for good.
+    void checkPreviewTransaction()
+    {
+        switch (transactionState(m_module.SharedConnection())) {
+        case TransactionState::Open:
+            return;
+        case TransactionState::Ended:
+            m_cut = RunStop{StopCause::PreviewEnded, m_tally.sent(), QStringLiteral("the server ended the preview's transaction")};
+            return;
+        case TransactionState::Unknown:
+            m_cut = RunStop{StopCause::PreviewEnded, m_tally.sent(),
+                            QStringLiteral("the server would not say whether the preview's transaction is still open")};
+            return;
+        }
+    }
+
     const DatabaseRun &m_run;
     mdZRT &m_module;
-    const OpenWatch &m_watch;
     StatementTally m_tally;
     std::optional<PreviewFindings> m_findings;
+    std::optional<RunStop> m_cut;
     int m_maximum = 0;
 };
 
@@ -87,7 +108,15 @@ RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result)
     case RunEnd::NotOpened:
         return RunOutcome::CouldNotStart;
     case RunEnd::Stopped:
-        return RunOutcome::Interrupted;
+        switch (result->stop.value_or(RunStop{}).cause) {
+        case StopCause::Interrupted:
+            return RunOutcome::Interrupted;
+        case StopCause::ConnectionLost:
+            return RunOutcome::ConnectionLost;
+        case StopCause::PreviewEnded:
+            return RunOutcome::PreviewStopped;
+        }
+        Q_UNREACHABLE();
     case RunEnd::Completed:
         break;
     }
@@ -106,6 +135,10 @@ QString outcomeName(RunOutcome outcome)
         return QStringLiteral("completed with failures");
     case RunOutcome::NothingApplied:
         return QStringLiteral("nothing applied");
+    case RunOutcome::ConnectionLost:
+        return QStringLiteral("connection lost");
+    case RunOutcome::PreviewStopped:
+        return QStringLiteral("preview stopped");
     case RunOutcome::CouldNotStart:
         return QStringLiteral("could not start");
     case RunOutcome::Interrupted:
@@ -136,6 +169,11 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
     json.insert(QStringLiteral("seconds"), result->seconds);
     if (!result->reason.isEmpty())
         json.insert(QStringLiteral("reason"), result->reason);
+    if (result->stop) {
+        json.insert(QStringLiteral("stoppedAfter"), result->stop->afterStatement);
+        json.insert(QStringLiteral("stopReason"), result->stop->detail);
+        json.insert(QStringLiteral("notSent"), result->notSent);
+    }
     if (!result->reportError.isEmpty())
         json.insert(QStringLiteral("reportError"), result->reportError);
     if (result->preview)
@@ -152,19 +190,29 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     timer.start();
     DatabaseRunResult result;
     result.started = QDateTime::currentDateTime();
-    if (run.report)
-        run.report->device()->write(jsonLine(runContext(run, result.started)));
+    if (run.report) {
+        run.report->write(jsonLine(runContext(run, result.started)));
+        // What the report ends with if the program is ended at once.
+        run.report->setLastLine(jsonLine({{QStringLiteral("outcome"), outcomeName(RunOutcome::Interrupted)},
+                                          {QStringLiteral("complete"), false}}));
+    }
 
-    const OpenWatch watch(run.preview ? previewConnections(run.connections) : run.connections);
-    mdZRT module(watch.connections(), run.server);
-    HeadlessHost host(run, module, watch);
+    mdZRT module(run.preview ? previewConnections(run.connections) : run.connections, run.server,
+                 mdZRT::Fallback::SameServerAndLogin);
+    HeadlessHost host(run, module);
     CheckRecordsets recordsets;
-    result.end = MaintenanceRun(module, host, recordsets).run({run.mode, run.server, run.database}, maintenanceSteps());
+    MaintenanceRun maintenance(module, host, recordsets);
+    result.end = maintenance.run({run.mode, run.server, run.database}, maintenanceSteps());
     result.tally = host.tally();
     result.preview = host.findings();
-    result.cannotOpen = !module.ConnectionOpened();
+    if (!module.ConnectionOpened())
+        result.openFailure = openFailureOf(module.openFailure());
     if (result.end == RunEnd::NotOpened)
-        result.reason = run.mask ? run.mask(host.whyNotOpen()) : host.whyNotOpen();
+        result.reason = host.notOpen();
+    if (result.end == RunEnd::Stopped) {
+        result.stop = host.cut().value_or(RunStop{StopCause::Interrupted, host.tally().sent(), QString()});
+        result.notSent = maintenance.notSent();
+    }
     result.seconds = double(timer.nsecsElapsed()) / 1e9;
 
     if (run.report) {
@@ -173,7 +221,7 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
         end.insert(QStringLiteral("finished"), reportTime(QDateTime::currentDateTime()));
         for (const char *detail : {"failures", "sourceTablesMissing"})
             end.remove(QLatin1String(detail)); // the statement lines hold them
-        run.report->device()->write(jsonLine(end));
+        run.report->write(jsonLine(end));
         if (!run.report->commit())
             result.reportError = QStringLiteral("cannot write %1: %2").arg(run.report->name(), run.report->errorString());
     }

@@ -2,6 +2,7 @@
 
 #include "connection.h"
 #include "maintenancerun.h"
+#include "openfailure.h"
 #include "previewfindings.h"
 #include "statementtally.h"
 
@@ -26,12 +27,25 @@ struct DatabaseRun
     // Opened for writing: a context line, one line per statement and an end
     // line; committed when the run ends, however it ends.
     OutputFile *report = nullptr;
-    std::function<QString(QString)> mask; // applied to every server message kept
     std::function<void(int value, int maximum)> progress;
     const std::atomic<bool> *stop = nullptr; // asked before each statement
     // Runs every statement in one transaction and rolls it back: nothing is
     // created, committed or kept.
     bool preview = false;
+};
+
+// Why a run that had begun ended before its last statement.
+enum class StopCause {
+    Interrupted,    // asked to stop
+    ConnectionLost, // the connection died: nothing more can arrive
+    PreviewEnded,   // the server ended the preview's transaction, or would not say whether it had
+};
+
+struct RunStop
+{
+    StopCause cause = StopCause::Interrupted;
+    int afterStatement = 0; // the last statement sent, from 1
+    QString detail;         // what the server said
 };
 
 struct DatabaseRunResult
@@ -40,16 +54,26 @@ struct DatabaseRunResult
     StatementTally tally;
     QDateTime started;
     double seconds = 0;
-    QString reason;      // why the run could not start
-    bool cannotOpen = false; // the database could not be opened: it may not exist
+    QString reason; // why the run could not start
+    std::optional<OpenFailure> openFailure; // what the driver said of the database's open, when it failed
+    std::optional<RunStop> stop;            // why it ended early
+    int notSent = 0;                        // what a stop left unsent, as a new database would receive it
     QString reportError; // why its report could not be written
     std::optional<PreviewFindings> preview; // what the run would do, once the database opened
 };
 
 // What became of a run, from the best to the worst.
-enum class RunOutcome { Completed, CompletedWithFailures, NothingApplied, CouldNotStart, Interrupted, NotDone };
+enum class RunOutcome {
+    Completed,
+    CompletedWithFailures,
+    NothingApplied, // every statement failed for an unexpected reason
+    ConnectionLost,
+    PreviewStopped,
+    CouldNotStart,
+    Interrupted,
+    NotDone,
+};
 
-// Nothing applied: every statement failed for an unexpected reason.
 RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result);
 QString outcomeName(RunOutcome outcome);
 
@@ -59,6 +83,8 @@ QJsonObject runContext(const DatabaseRun &run, const QDateTime &started);
 QJsonObject runJson(const std::optional<DatabaseRunResult> &result);
 
 // Stops before sending anything when no connection serves the database; a
-// database that cannot be opened is created only at `createAt`, and never by
-// a preview.
+// database that is missing is created only at `createAt`, and never by a
+// preview. A lost connection ends the run, and so does a preview's
+// transaction that has ended or whose state cannot be read: nothing is sent
+// outside it.
 DatabaseRunResult runDatabase(const DatabaseRun &run);

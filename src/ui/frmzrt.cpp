@@ -198,7 +198,7 @@ void frmZRT::cmbServer_LostFocus()
                                                  [this](const QString &name) { cmbDataBase->addItem(name); });
     // The list offers the names; none is chosen until the operator picks one.
     cmbDataBase->setCurrentIndex(-1);
-    if (outcome.failed)
+    if (outcome.failed())
         m_dialogs.critical(this, QString::fromLatin1(kConnectionNotEstablished));
 }
 

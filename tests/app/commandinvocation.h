@@ -14,17 +14,26 @@ struct Invocation
     int exit = -1;
     QString out;
     QString err;
+    QList<int> statementSeconds; // what the command asked of each connection factory
 };
 
-// Runs `zrt ARGUMENTS` in this process, its servers reached through `sqlServer`.
+// Runs `zrt ARGUMENTS` in this process, its servers reached through `sqlServer`;
+// its standard output is `standardOutput` when given.
 inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {},
-                         const std::atomic<bool> *stop = nullptr)
+                         const std::atomic<bool> *stop = nullptr, QIODevice *standardOutput = nullptr)
 {
     Invocation result;
     QTextStream out(&result.out);
+    if (standardOutput)
+        out.setDevice(standardOutput);
     QTextStream err(&result.err);
-    CommandContext context{out, err, [sqlServer](int) { return sqlServer; },
-                           [](const QString &odbc, int statementSeconds) {
+    CommandContext context{out, err,
+                           [&result, sqlServer](int statementSeconds) {
+                               result.statementSeconds << statementSeconds;
+                               return sqlServer;
+                           },
+                           [&result](const QString &odbc, int statementSeconds) {
+                               result.statementSeconds << statementSeconds;
                                OdbcTimeouts timeouts;
                                timeouts.statementSeconds = statementSeconds;
                                return odbcConnectionsTo(odbc, timeouts);

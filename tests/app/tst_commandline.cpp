@@ -36,6 +36,11 @@ ServerSetup refusing(const QString &opens, const ServerSetup &also = [](Scripted
     };
 }
 
+ServerSetup refusal(const DbStatus &status)
+{
+    return [=](ScriptedServer &server) { server.openRefusal = status; };
+}
+
 ServerSetup failing(const QString &statement, const DbStatus &status)
 {
     return [=](ScriptedServer &server) { server.failingWith.insert(statement, status); };
@@ -56,7 +61,9 @@ QString renderedDom(const QString &page)
     return QString::fromUtf8(browser.readAllStandardOutput());
 }
 
-// Sends through `connection` and asks the run to stop once `after` statements were sent.
+// Sends through `connection` and asks the run to stop once `after` statements
+// were sent. SQLite keeps its transaction through a failed statement, which
+// only SQL Server is asked about: the test answers for it.
 class StoppingConnection : public Connection
 {
 public:
@@ -66,7 +73,13 @@ public:
     }
     DbStatus open(const QString &connectionString) override { return m_connection->open(connectionString); }
     DbStatus execute(const QString &sql) override { return counted(m_connection->execute(sql)); }
-    DbStatus query(const QString &sql, ResultSet &into) override { return counted(m_connection->query(sql, into)); }
+    DbStatus query(const QString &sql, ResultSet &into) override
+    {
+        if (sql != QLatin1String("SELECT @@TRANCOUNT AS TranCount"))
+            return counted(m_connection->query(sql, into));
+        into = singleColumn("TranCount", {"1"});
+        return DbStatus::success();
+    }
     DbStatus setAutocommit(bool on) override { return m_connection->setAutocommit(on); }
     DbStatus rollback() override { return m_connection->rollback(); }
     DbStatus close() override { return m_connection->close(); }
@@ -92,12 +105,18 @@ class TestCommandLine : public QObject
 
     QTemporaryDir m_dir;
     const QString m_fifo = m_dir.filePath(QStringLiteral("fifo"));
+    const QString m_linked = m_dir.filePath(QStringLiteral("linked"));
+    const QString m_link = m_dir.filePath(QStringLiteral("link"));
 
 private slots:
     void initTestCase()
     {
         QVERIFY(m_dir.isValid());
         QCOMPARE(QProcess::execute("mkfifo", {m_fifo}), 0);
+        QFile linked(m_linked);
+        QVERIFY(linked.open(QIODevice::WriteOnly) && linked.write("kept") == 4);
+        linked.close();
+        QVERIFY(QFile::link(m_linked, m_link));
     }
 
     void scriptWritesEveryStatementOfARun()
@@ -135,7 +154,15 @@ private slots:
         QTest::newRow("unwritable --output") << QStringList{"script", "--output", missingDir} << missingDir;
         QTest::newRow("unwritable --report") << kRun + QStringList{"--report", missingDir} << missingDir;
         QTest::newRow("empty --report") << kRun + QStringList{"--report", ""} << "--report : no file named";
-        QTest::newRow("a device as --output") << QStringList{"script", "--output", "/dev/full"} << "not a regular file";
+        QTest::newRow("a folder as --output") << QStringList{"script", "--output", m_dir.path()} << "not a regular file";
+        QTest::newRow("a link as --report") << kRun + QStringList{"--report", m_link} << "is a symbolic link";
+        QTest::newRow("a link as --report-dir") << kRunAll + QStringList{"--report-dir", m_link} << "is a symbolic link";
+        QTest::newRow("a folder that cannot be made") << kRunAll + QStringList{"--report-dir", m_fifo + "/x"} << "cannot make";
+        QTest::newRow("a second server in --server")
+            << QStringList{"list", "--mode", "LOCAL", "--server", "h;Data Source=127.0.0.1,1"} << "holds one of ; { } =";
+        QTest::newRow("a brace in --server with --all") << kRunAll.mid(0, 5) + QStringList{"S}"} << "holds one of ; { } =";
+        QTest::newRow("--odbc naming another database")
+            << kRun + QStringList{"--odbc", "DRIVER={FreeTDS};Database={QuorvexB}"} << "names the database 'QuorvexB'";
         QTest::newRow("a FIFO as --report") << kRun + QStringList{"--report", m_fifo} << "not a regular file";
         QTest::newRow("a file as --report-dir") << kRunAll + QStringList{"--report-dir", m_fifo} << "is not a folder";
         QTest::newRow("a negative --statement-timeout") << QStringList{"plan", "--mode", "LOCAL", "--database", "Q",
@@ -163,6 +190,7 @@ private slots:
         QVERIFY(server.logs().isEmpty());
         QVERIFY(!QFileInfo::exists(m_dir.filePath(QStringLiteral("missing"))));
         QVERIFY(QFileInfo(m_fifo).exists() && !QFileInfo(m_fifo).isFile());
+        QCOMPARE(fileBytes(m_linked), QByteArray("kept"));
     }
 
     void exitStatus_data()
@@ -176,6 +204,11 @@ private slots:
         const ServerSetup none = [](ScriptedServer &) {};
         const ServerSetup two = listing({"QuorvexA", "QuorvexB"});
         const QString unreachable = QStringLiteral("Initial Catalog=");
+        DbStatus unreachableServer = DbStatus::failure("Unable to connect");
+        unreachableServer.sqlState = "08001";
+        const DbStatus loginRefused = DbStatus::failure("Login failed", 18456);
+        DbStatus lost = DbStatus::failure("Communication link failure");
+        lost.connectionLost = true;
         const QString refuseA = QStringLiteral("Initial Catalog=QuorvexA;");
         const QString stock = wholeRunFixtureStatements().filter("CREATE VIEW dbo.Stock ").value(0);
         const QStringList check{"check", "--mode", "LOCAL", "--database", "QuorvexA"};
@@ -183,8 +216,9 @@ private slots:
         QStringList wholeRun = wholeRunFixtureStatements();
 
         QTest::newRow("list") << QStringList{"list", "--mode", "LOCAL", "--server", "S"} << two << false << 0 << "QuorvexB\n";
-        QTest::newRow("list: unreachable") << QStringList{"list", "--mode", "LOCAL", "--server", "S"} << refusing(unreachable)
-                                           << false << 4 << "Connection not established";
+        QTest::newRow("list: unreachable") << QStringList{"list", "--mode", "LOCAL", "--server", "S"}
+                                           << refusing(unreachable, refusal(unreachableServer)) << false << 4
+                                           << "zrt list: cannot reach server S: Unable to connect\n";
         QTest::newRow("list --json: unreachable") << QStringList{"list", "--mode", "LOCAL", "--server", "S", "--json"}
                                                   << refusing(unreachable) << false << 4 << "\"exit\":4";
         QTest::newRow("run: a view without its source table")
@@ -197,8 +231,22 @@ private slots:
         QTest::newRow("run: every statement failed")
             << kRun << ServerSetup([=](ScriptedServer &s) { s.failingStatements = QSet(wholeRun.begin(), wholeRun.end()); })
             << true << 4 << "nothing applied: none of 493 statements succeeded";
-        QTest::newRow("run: cannot open") << kRun << refusing(refuseA) << false << 4
-                                          << "cannot open the database 'QuorvexA': refused; give --create-at";
+        QTest::newRow("run: database missing") << kRun << refusing(refuseA) << false << 4
+                                               << "the database 'QuorvexA' is missing on the local default instance: "
+                                                  "refused; give --create-at";
+        QTest::newRow("run: unreachable") << kRun + QStringList{"--server", "S"} << refusing(unreachable, refusal(unreachableServer))
+                                          << false << 4 << "could not start: cannot reach server S: Unable to connect\n";
+        QTest::newRow("plan: login refused") << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA"}
+                                             << refusing(unreachable, refusal(loginRefused)) << false << 4
+                                             << "zrt plan: could not start: the local default instance refused the login: "
+                                                "Login failed\n";
+        QTest::newRow("run: connection lost")
+            << kRun << failing(stock, lost) << true << 3
+            << QStringLiteral("connection lost after statement #%1: Communication link failure; %2 statements not sent\n")
+                   .arg(wholeRun.indexOf(stock) + 1)
+                   .arg(wholeRun.size() - wholeRun.indexOf(stock) - 1);
+        QTest::newRow("run: connection lost before anything was applied")
+            << kRun << failing(wholeRun.first(), lost) << true << 4 << "after statement #1: Communication link failure";
         QTest::newRow("run: unreachable, --create-at") << kRun + QStringList{"--create-at", "/srv/QuorvexA"}
                                                        << refusing(unreachable) << false << 4 << "could not start";
         QTest::newRow("run: ONLINE elsewhere") << QStringList{"run", "--mode", "ONLINE", "--database", "Q", "--server", "X"}
@@ -207,7 +255,8 @@ private slots:
                                                  << "\"outcome\":\"could not start\"";
         QTest::newRow("run --all: one could not start") << kRunAll << refusing(refuseA, two) << true << 4
                                                         << "2 databases: 1 completed, 1 could not start;";
-        QTest::newRow("run --all: unreachable") << kRunAll << refusing(unreachable) << false << 4 << "Connection not";
+        QTest::newRow("run --all: unreachable") << kRunAll << refusing(unreachable, refusal(unreachableServer)) << false << 4
+                                                << "zrt run: cannot reach server S: Unable to connect\n";
         QTest::newRow("run --all --json") << kRunAll + QStringList{"--json"} << two << true << 0 << "\"completed\":2";
         QTest::newRow("plan: what the run would change")
             << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA"} << ServerSetup([](ScriptedServer &s) {
@@ -224,13 +273,15 @@ private slots:
                "would replace 62 views, 0 source tables missing\nwould discard 12 rows of tblInvoiceEmpty\n";
         QTest::newRow("plan: cannot open") << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA", "--create-at", "/srv/Q"}
                                            << refusing(refuseA) << false << 4
-                                           << "would be created by: CREATE DATABASE [Q]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/Q.mdf')";
+                                           << "a run would create it by: CREATE DATABASE [Q]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/Q.mdf')";
         QTest::newRow("plan --all") << QStringList{"plan", "--all", "--mode", "LOCAL", "--server", "S"} << two << true << 0
                                     << "2 databases: 2 completed";
         QTest::newRow("check: matches") << check << ServerSetup([](ScriptedServer &s) { answerCatalogue(s, whatARunLeaves()); })
                                         << false << 0 << "\nmatches\n";
         QTest::newRow("check: differs") << check << none << false << 1 << "Stock (source table missing: tblStock)\n87 diff";
-        QTest::newRow("check: cannot open") << check << refusing(refuseA) << false << 4 << "cannot open the database 'QuorvexA'";
+        QTest::newRow("check: database missing") << check << refusing(refuseA) << false << 4 << "the database 'QuorvexA' is missing";
+        QTest::newRow("check --all: unreachable") << checkAll << refusing(unreachable, refusal(unreachableServer)) << false << 4
+                                                  << "zrt check: cannot reach server S: Unable to connect\n";
         QTest::newRow("check --all") << checkAll << refusing("Initial Catalog=QuorvexB;", two) << false << 4
                                      << "2 databases: 0 match, 1 differ, 1 could not be read";
     }
@@ -283,20 +334,42 @@ private slots:
         QCOMPARE(lines.last().value("outcome").toString(), QStringLiteral("completed with failures"));
     }
 
-    void planNeverCommits()
+    void planStopsWhereItsTransactionEnds_data()
     {
+        QTest::addColumn<QString>("tranCount"); // what the server says after an unexpected failure; empty: it fails
+        QTest::addColumn<bool>("stops");
+        QTest::newRow("the server ended the transaction") << "0" << true;
+        QTest::newRow("the server will not say") << "" << true;
+        QTest::newRow("the transaction is still open") << "1" << false;
+    }
+
+    void planStopsWhereItsTransactionEnds()
+    {
+        QFETCH(QString, tranCount);
+        QFETCH(bool, stops);
+        const QString probe = QStringLiteral("SELECT @@TRANCOUNT AS TranCount");
+        const QStringList wholeRun = wholeRunFixtureStatements();
+        const QString stock = wholeRun.filter("CREATE VIEW dbo.Stock ").value(0);
         ScriptedServer server;
-        const QString stock = wholeRunFixtureStatements().filter("CREATE VIEW dbo.Stock ").value(0);
         server.failingStatements << stock;
-        server.answers.insert("SELECT @@TRANCOUNT AS TranCount", singleColumn("TranCount", {"0"}));
+        if (tranCount.isEmpty())
+            server.failingStatements << probe;
+        else
+            server.answers.insert(probe, singleColumn("TranCount", {tranCount}));
         const Invocation plan = invoke({"plan", "--mode", "LOCAL", "--database", "QuorvexA"}, server.connections());
         QCOMPARE(plan.exit, 3);
-        QVERIFY2(plan.out.contains("from statement #"), qPrintable(plan.out));
+        QCOMPARE(plan.out.contains(QStringLiteral("preview stopped, nothing more sent to the database, after statement #%1")
+                                       .arg(wholeRun.indexOf(stock) + 1)),
+                 stops);
+        // After the failing statement: the question, then nothing more but the rollback.
         const QStringList calls = server.calls();
+        const QStringList after = calls.mid(calls.indexOf("execute " + stock) + 1);
+        QCOMPARE(after.mid(0, 1), QStringList{"query " + probe});
+        QCOMPARE(after.size() == 2, stops);
         QCOMPARE(calls.mid(1, 1), QStringList{"autocommit off"});
-        QCOMPARE(calls.last(), QStringLiteral("rollback"));
         QCOMPARE(calls.filter(QRegularExpression("commit", QRegularExpression::CaseInsensitiveOption)),
                  QStringList{"autocommit off"});
+        QCOMPARE(calls.last(), QStringLiteral("rollback"));
     }
 
     void planLeavesTheDatabaseAsItWas_data()
@@ -314,8 +387,8 @@ private slots:
         QFETCH(int, stopAfter);
         const QString file = m_dir.filePath(QStringLiteral("plan-%1.db").arg(QTest::currentDataTag()));
         const QString odbc = QStringLiteral("DRIVER={SQLite3};Database=%1;LoadExt=%2").arg(file, QStringLiteral(ZRT_SQLITE_DBO));
-        const QStringList plan{"plan", "--mode", "LOCAL", "--database", "QuorvexA", "--report", file + ".plan"};
-        const QStringList run = kRun + QStringList{"--odbc", odbc, "--report", file + ".run"};
+        const QStringList plan{"plan", "--mode", "LOCAL", "--database", file, "--report", file + ".plan"};
+        const QStringList run{"run", "--mode", "LOCAL", "--database", file, "--odbc", odbc, "--report", file + ".run"};
         QCOMPARE(invoke(run).exit, 3); // makes the files; SQLite refuses some statements
         if (!runFirst)
             QVERIFY(QFile::resize(file, 0) && QFile::resize(file + "-dbo", 0));
@@ -345,23 +418,27 @@ private slots:
 
     void runAllReportsEveryDatabase()
     {
-        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex?a", "Quorvex年度", "Quorvex\x1b[31mB"};
+        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex?a", "Quorvex年度", "Quorvex\x1b[31mB",
+                                "Quorvex" + QString(300, 'x')};
         ScriptedServer server;
         listing(names)(server);
         server.refusedOpens << "Initial Catalog=Quorvex\x1b[31mB;";
         const QString dir = m_dir.filePath(QStringLiteral("fleet"));
         QVERIFY(QDir().mkpath(dir + "/005-Quorvex__31mB.jsonl")); // a folder where a report would go
+        QVERIFY(QFile::link(m_linked, dir + "/002-Quorvex_a.jsonl")); // a link planted where one would go
         const Invocation all = invoke(kRunAll + QStringList{"--jobs", "2", "--report-dir", dir}, server.connections());
         QCOMPARE(all.exit, 4);
         const QStringList lines = all.out.split('\n', Qt::SkipEmptyParts);
-        QCOMPARE(lines.size(), 1 + 5 + 1);
-        QVERIFY(all.out.contains("could not start: cannot open the database 'Quorvex\\x1B[31mB': refused\n"));
+        QCOMPARE(lines.size(), 1 + 6 + 1);
+        QVERIFY(all.out.contains("could not start: the database 'Quorvex\\x1B[31mB' is missing on server S: refused\n"));
         QVERIFY(!all.out.contains(QChar(0x1b)));
-        QVERIFY(lines.last().startsWith("5 databases: 4 completed, 1 could not start; 1972 statements sent"));
+        QVERIFY(lines.last().startsWith("6 databases: 5 completed, 1 could not start; 2465 statements sent"));
         QVERIFY2(all.err.contains("cannot write " + dir + "/005-Quorvex__31mB.jsonl"), qPrintable(all.err));
+        QVERIFY2(all.err.contains(dir + "/002-Quorvex_a.jsonl is a symbolic link"), qPrintable(all.err));
+        QCOMPARE(fileBytes(m_linked), QByteArray("kept"));
 
         const QJsonArray index = QJsonDocument::fromJson(fileBytes(dir + "/index.json")).object().value("databases").toArray();
-        QCOMPARE(index.size(), 5);
+        QCOMPARE(index.size(), 6);
         QStringList files;
         QStringList rows;
         for (qsizetype i = 0; i < index.size(); ++i) {
@@ -369,14 +446,14 @@ private slots:
             QCOMPARE(run.value("database").toString(), names[i]);
             files << run.value("report").toString();
             rows << escapedControls(names[i]) + " " + run.value("outcome").toString();
-            if (i == 4)
+            if (files.last().isEmpty())
                 continue;
             const QJsonObject end = reportLines(dir + "/" + files.last()).last();
             QCOMPARE(end.value("outcome"), run.value("outcome"));
             QCOMPARE(end.value("counts"), run.value("counts"));
         }
-        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a.jsonl",
-                                     "004-Quorvex年度.jsonl", ""}));
+        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "", "003-Quorvex_a.jsonl", "004-Quorvex年度.jsonl", "",
+                                     "006-Quorvex" + QString(53, 'x') + ".jsonl"}));
 
         const QString dom = renderedDom(dir + "/index.html");
         QVERIFY2(!dom.isEmpty(), "chromium did not render the page: scripts/test.sh installs it");
@@ -405,10 +482,80 @@ private slots:
         QCOMPARE(statements.load(), 601);
         QVERIFY(stopped.out.contains(QRegularExpression("QuorvexB +interrupted +107 sent")));
         QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexC\n")));
+        QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json"))["databases"][1]["notSent"].toInt(), 493 - 107);
         const QList<QJsonObject> partial = reportLines(dir + "/002-QuorvexB.jsonl");
         QCOMPARE(partial.size(), 1 + 107 + 1);
         QCOMPARE(partial.last().value("complete").toBool(true), false);
         QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json")).object().value("complete").toBool(true), false);
+    }
+
+    void theDatabasesConnectionString_data()
+    {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QByteArray>("environment"); // ZRT_ODBC
+        QTest::addColumn<QString>("target");         // as the header names it
+        QTest::addColumn<int>("statementSeconds");
+        const QByteArray secret = "DRIVER={Nothing};UID=e;PWD=e;Password={a;b}}c};pwd=z";
+        const QString masked = "ODBC DRIVER={Nothing};UID=e;PWD=****;Password=****;pwd=****";
+        QTest::newRow("ZRT_ODBC without --server") << QStringList() << secret << masked << 30;
+        QTest::newRow("--server before ZRT_ODBC") << QStringList{"--server", "S"} << secret << "server S" << 30;
+        QTest::newRow("--odbc before ZRT_ODBC") << QStringList{"--odbc", "DSN=x;PWD=y"} << secret << "ODBC DSN=x;PWD=****" << 30;
+        QTest::newRow("no server at all") << QStringList() << QByteArray() << "the local default instance" << 30;
+        QTest::newRow("statements may wait for ever")
+            << QStringList{"--statement-timeout", "0"} << QByteArray() << "the local default instance" << 0;
+        QTest::newRow("statements bounded as asked")
+            << QStringList{"--statement-timeout", "7"} << QByteArray() << "the local default instance" << 7;
+    }
+
+    void theDatabasesConnectionString()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(QByteArray, environment);
+        QFETCH(QString, target);
+        QFETCH(int, statementSeconds);
+        ScriptedServer server;
+        server.refusedOpens << "QuorvexA";
+        qputenv("ZRT_ODBC", environment);
+        const Invocation run = invoke(kRun + options, server.connections());
+        qunsetenv("ZRT_ODBC");
+        QCOMPARE(run.exit, 4);
+        QVERIFY2(run.out.startsWith("zrt " + programVersion() + " run: database 'QuorvexA', " + target + ", mode LOCAL"),
+                 qPrintable(run.out));
+        QVERIFY2(!(run.out + run.err).contains("b}c") && !run.err.contains("=z"), qPrintable(run.err));
+        QCOMPARE(run.statementSeconds, QList<int>{statementSeconds});
+        QCOMPARE(server.logs().isEmpty(), target.startsWith("ODBC"));
+    }
+
+    void createAtUsesTheChosenServer()
+    {
+        ScriptedServer server;
+        server.refusedOpens << "Initial Catalog=QuorvexA;";
+        // Created: opens from then on.
+        server.heard = [&server] { server.refusedOpens.clear(); };
+        const Invocation run = invoke(kRun + QStringList{"--server", "S", "--create-at", "/srv/QuorvexA"}, server.connections());
+        QCOMPARE(run.exit, 0);
+        const QString local = "open Provider=SQLOLEDB.1;Password=Tq482Harbor517;Persist Security Info=False;User ID=quorvex;"
+                              "Initial Catalog=";
+        QCOMPARE(server.calls().mid(0, 5),
+                 (QStringList{local + "QuorvexA;Data Source=S", local + "tempdb;Data Source=S",
+                              "execute CREATE DATABASE [QuorvexA]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/QuorvexA.mdf') "
+                              "LOG ON (NAME = N'Quorvex KRN_Log', FILENAME = N'/srv/QuorvexA_Log.ldf')",
+                              "close", local + "QuorvexA;Data Source=S"}));
+    }
+
+    void standardOutputThatFails()
+    {
+        // A device that takes nothing, as a full disk or a closed pipe does.
+        class Refusing : public QIODevice
+        {
+        protected:
+            qint64 readData(char *, qint64) override { return -1; }
+            qint64 writeData(const char *, qint64) override { return -1; }
+        } refusing;
+        refusing.open(QIODevice::WriteOnly);
+        const Invocation script = invoke({QStringLiteral("script")}, {}, nullptr, &refusing);
+        QCOMPARE(script.exit, 3);
+        QCOMPARE(script.err.left(44), QStringLiteral("zrt script: cannot write the standard output"));
     }
 };
 

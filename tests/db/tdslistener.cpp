@@ -12,15 +12,66 @@ enum : char { kBatch = 0x01, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 
 
 // Whole replies, one packet each. Pre-login: version 15.0.2000, encryption not supported.
 constexpr char kPreloginReply[] = "0401001a0000010000000b00060100110001ff0f0007d0000002";
-// Login acknowledged for TDS 7.4, packet size 4096, done.
-constexpr char kLoginReply[] = "0401004800000100ad1a000174000004084c0069007300740065006e00650072000f000000e313000404"
-                               "3400300039003600043400300039003600fd000000000000000000000000";
-// Error kRefusal, severity 16, "Refused by the listener.", then done with its error bit.
-constexpr char kRefusalReply[] = "0401006600000100aa4e00cbc30000011018005200650066007500730065006400200062007900200074"
-                                 "006800650020006c0069007300740065006e00650072002e00084c0069007300740065006e00650072"
-                                 "000001000000fd020000000000000000000000";
-constexpr char kDoneReply[] = "0401001500000100fd000000000000000000000000";
-constexpr char kCancelledReply[] = "0401001500000100fd200000000000000000000000";
+// Login acknowledged for TDS 7.4, packet size 4096.
+constexpr char kLoginAck[] = "ad1a000174000004084c0069007300740065006e00650072000f000000e313000404"
+                             "3400300039003600043400300039003600";
+constexpr char kDone[] = "fd000000000000000000000000";
+constexpr char kDoneWithError[] = "fd020000000000000000000000";
+constexpr char kCancelled[] = "fd200000000000000000000000";
+
+QByteArray utf16Bytes(const QString &text)
+{
+    return QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+}
+
+// A token with its two-byte length before its body.
+QByteArray token(char type, const QByteArray &body)
+{
+    char length[2];
+    qToLittleEndian<quint16>(quint16(body.size()), length);
+    return type + QByteArray(length, 2) + body;
+}
+
+// An error of severity 16 from the server "Listener", then done with its error bit.
+QByteArray errorTokens(const TdsListener::Error &error)
+{
+    char number[4], textLength[2];
+    qToLittleEndian<qint32>(error.number, number);
+    qToLittleEndian<quint16>(quint16(error.message.size()), textLength);
+    const QByteArray server = utf16Bytes(QStringLiteral("Listener"));
+    return token(char(0xaa), QByteArray(number, 4) + "\x01\x10" + QByteArray(textLength, 2) + utf16Bytes(error.message)
+                                 + char(server.size() / 2) + server + QByteArray("\0\1\0\0\0", 5))
+        + QByteArray::fromHex(kDoneWithError);
+}
+
+// The database the login landed in, as the server tells it.
+QByteArray databaseChange(const QString &database)
+{
+    return token(char(0xe3), QByteArray(1, '\x01') + char(database.size()) + utf16Bytes(database) + QByteArray(1, '\0'));
+}
+
+// A result set of one nvarchar column "name", then done with its count.
+QByteArray rowTokens(const QStringList &values)
+{
+    const QByteArray name = utf16Bytes(QStringLiteral("name"));
+    QByteArray tokens = QByteArray::fromHex("8101000000000001" "00e700010904d00034") + char(name.size() / 2) + name;
+    for (const QString &value : values) {
+        char length[2];
+        qToLittleEndian<quint16>(quint16(value.size() * 2), length);
+        tokens += '\xd1' + QByteArray(length, 2) + utf16Bytes(value);
+    }
+    char count[8];
+    qToLittleEndian<quint64>(quint64(values.size()), count);
+    return tokens + QByteArray::fromHex("fd1000c100") + QByteArray(count, 8);
+}
+
+// The tokens as one reply packet.
+QByteArray packet(const QByteArray &tokens)
+{
+    QByteArray header = QByteArray::fromHex("0401000000000100");
+    qToBigEndian<quint16>(quint16(header.size() + tokens.size()), header.data() + 2);
+    return header + tokens;
+}
 
 // One packet's type and body; the driver's messages here fit in one packet each.
 bool readPacket(int socket, char *type, QByteArray *body)
@@ -59,10 +110,13 @@ QString batchText(const QByteArray &batch)
 
 } // namespace
 
-TdsListener::TdsListener(Manner manner, QString refusedBatch, QString unansweredBatch)
-    : m_manner(manner)
-    , m_refusedBatch(std::move(refusedBatch))
-    , m_unansweredBatch(std::move(unansweredBatch))
+TdsListener::TdsListener()
+    : TdsListener(Script{})
+{
+}
+
+TdsListener::TdsListener(Script script)
+    : m_script(std::move(script))
     , m_socket(::socket(AF_INET, SOCK_STREAM, 0))
 {
     sockaddr_in address{};
@@ -74,8 +128,10 @@ TdsListener::TdsListener(Manner manner, QString refusedBatch, QString unanswered
     ::getsockname(m_socket, reinterpret_cast<sockaddr *>(&address), &size);
     m_port = ntohs(address.sin_port);
     m_thread = std::thread([this] {
-        for (int client; (client = ::accept(m_socket, nullptr, nullptr)) >= 0; ::close(client))
+        for (int client; (client = ::accept(m_socket, nullptr, nullptr)) >= 0;) {
             converse(client);
+            ::close(client);
+        }
     });
 }
 
@@ -106,9 +162,9 @@ void TdsListener::converse(int client)
     char type = 0;
     QByteArray body;
     while (readPacket(client, &type, &body)) {
-        if (m_manner == Manner::Garbage)
+        if (m_script.manner == Manner::Garbage)
             reply(client, "HTTP/1.1 400 Bad Request\r\n\r\n");
-        if (m_manner != Manner::Answering)
+        if (m_script.manner != Manner::Answering)
             continue;
         const std::lock_guard lock(m_mutex);
         if (type == kPrelogin) {
@@ -116,15 +172,28 @@ void TdsListener::converse(int client)
         } else if (type == kLogin) {
             m_received.user = loginText(body, 40);
             m_received.database = loginText(body, 68);
-            reply(client, QByteArray::fromHex(kLoginReply));
+            if (m_script.loginError)
+                reply(client, packet(errorTokens(*m_script.loginError)));
+            else
+                reply(client, packet((m_script.landsIn.isEmpty() ? QByteArray() : databaseChange(m_script.landsIn))
+                                     + QByteArray::fromHex(kLoginAck) + QByteArray::fromHex(kDone)));
         } else if (type == kAttention) {
-            reply(client, QByteArray::fromHex(kCancelledReply));
+            reply(client, packet(QByteArray::fromHex(kCancelled)));
         } else if (type == kBatch) {
             const QString text = batchText(body);
             m_received.batches << text;
             const auto begins = [&text](const QString &start) { return !start.isEmpty() && text.startsWith(start); };
-            if (!begins(m_unansweredBatch))
-                reply(client, QByteArray::fromHex(begins(m_refusedBatch) ? kRefusalReply : kDoneReply));
+            if (begins(m_script.hangUpBatch))
+                return;
+            QByteArray answer = QByteArray::fromHex(kDone);
+            for (auto rows = m_script.rows.cbegin(); rows != m_script.rows.cend(); ++rows) {
+                if (begins(rows.key()))
+                    answer = rowTokens(rows.value());
+            }
+            if (begins(m_script.refusedBatch))
+                answer = errorTokens({kRefusal, QStringLiteral("Refused by the listener.")});
+            if (!begins(m_script.unansweredBatch))
+                reply(client, packet(answer));
         }
     }
 }

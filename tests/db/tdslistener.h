@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QHash>
 #include <QStringList>
 
 #include <mutex>
+#include <optional>
 #include <thread>
 
 // A listener on the loopback address that speaks just enough of SQL Server's
@@ -12,6 +14,25 @@ class TdsListener
 {
 public:
     enum class Manner { Answering, Silent, Garbage };
+
+    // An error the listener answers with, as the server numbers it.
+    struct Error
+    {
+        int number;
+        QString message;
+    };
+
+    // How it answers; batches are matched by how they begin.
+    struct Script
+    {
+        Manner manner = Manner::Answering;
+        QString refusedBatch;            // refused with kRefusal
+        QString unansweredBatch;         // no answer until the client cancels
+        QString hangUpBatch;             // the connection is closed instead of an answer
+        std::optional<Error> loginError; // every login refused with it
+        QString landsIn;                 // every login answered as landing in this database
+        QHash<QString, QStringList> rows; // batches so begun answered with these values, as a column "name"
+    };
 
     struct Received
     {
@@ -23,9 +44,8 @@ public:
 
     static constexpr int kRefusal = 50123;
 
-    // Batches beginning with `refusedBatch` are refused with kRefusal; those
-    // beginning with `unansweredBatch` get no answer until the client cancels.
-    explicit TdsListener(Manner manner = Manner::Answering, QString refusedBatch = {}, QString unansweredBatch = {});
+    TdsListener();
+    explicit TdsListener(Script script);
     // Waits for the client to hang up first.
     ~TdsListener();
 
@@ -36,9 +56,7 @@ public:
 private:
     void converse(int client);
 
-    const Manner m_manner;
-    const QString m_refusedBatch;
-    const QString m_unansweredBatch;
+    const Script m_script;
     int m_socket = -1;
     int m_port = 0;
     mutable std::mutex m_mutex;

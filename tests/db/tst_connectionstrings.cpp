@@ -1,88 +1,94 @@
 #include "connectionprofiles.h"
 #include "odbcconnection.h"
+#include "openfailure.h"
 #include "tdslistener.h"
 
 #include <QTest>
 
 using namespace ConnectionProfiles;
 
-namespace {
-
-// The catalog that a "USE [name]" batch selects, as the server reads it.
-QString selectedCatalog(const QStringList &batches)
-{
-    for (const QString &batch : batches) {
-        if (batch.startsWith(QLatin1String("USE [")) && batch.endsWith(QLatin1Char(']')))
-            return batch.mid(5, batch.size() - 6).replace(QLatin1String("]]"), QLatin1String("]"));
-    }
-    return QString();
-}
-
-} // namespace
+Q_DECLARE_METATYPE(TdsListener::Script)
 
 class TestConnectionStrings : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void namesReachTheChosenServer_data();
-    void namesReachTheChosenServer();
+    void theLoginNamesTheDatabase_data();
+    void theLoginNamesTheDatabase();
     void openFails_data();
     void openFails();
 };
 
-void TestConnectionStrings::namesReachTheChosenServer_data()
+void TestConnectionStrings::theLoginNamesTheDatabase_data()
 {
     QTest::addColumn<QString>("database");
-    QTest::newRow("brace ending the value, then keywords") << "x};PORT=1;Z={";
-    QTest::newRow("doubled closing brace") << "}}";
-    QTest::newRow("opening brace") << "{";
-    QTest::newRow("equals sign") << "=";
-    QTest::newRow("semicolon") << ";";
-    QTest::newRow("a data source inside the name") << "x;Data Source=tcp:127.0.0.1,1";
-    QTest::newRow("file data source") << "Books.dsn";
-    QTest::newRow("quotes") << "O'Brien \"Ltd\"";
-    QTest::newRow("closing bracket") << "a]b";
-    QTest::newRow("200 letters of other scripts") << QStringLiteral("Ж語").repeated(100);
+    QTest::addColumn<QString>("landsIn");       // where the server says the login landed; empty: it says nothing
+    QTest::addColumn<QStringList>("batches"); // sent once logged in
+    QTest::newRow("brace ending the value, then keywords") << "x};PORT=1;Z={" << "" << QStringList();
+    QTest::newRow("doubled closing brace") << "}}" << "" << QStringList();
+    QTest::newRow("equals sign and semicolon") << "=;" << "" << QStringList();
+    QTest::newRow("file data source") << "Books.dsn" << "" << QStringList();
+    QTest::newRow("quotes") << "O'Brien \"Ltd\"" << "" << QStringList();
+    QTest::newRow("closing bracket") << "a]b" << "" << QStringList();
+    QTest::newRow("Latin-1 letters") << "Quorvexäöüß" << "" << QStringList();
+    QTest::newRow("other scripts: selected by name once logged in")
+        << QStringLiteral("Ж]語").repeated(60) << "" << QStringList{"USE [" + QStringLiteral("Ж]]語").repeated(60) + "]"};
+    QTest::newRow("landed as asked") << "QuorvexA" << "quorvexa" << QStringList();
+    QTest::newRow("landed elsewhere: selected by name") << "a]b" << "master" << QStringList{"USE [a]]b]"};
 }
 
-void TestConnectionStrings::namesReachTheChosenServer()
+void TestConnectionStrings::theLoginNamesTheDatabase()
 {
     QFETCH(QString, database);
-    TdsListener server;
+    QFETCH(QString, landsIn);
+    QFETCH(QStringList, batches);
+    TdsListener server({.landsIn = landsIn});
     const DbStatus opened = sqlServerConnections()()->open(runConnectionString(*prefix("LOCAL"), database, server.dataSource()));
     QVERIFY2(opened.ok, qPrintable(opened.message));
     const TdsListener::Received received = server.received();
     QCOMPARE(received.user, "quorvex");
-    QVERIFY(received.database.isEmpty());
-    QCOMPARE(selectedCatalog(received.batches), database);
+    QCOMPARE(received.database, batches.isEmpty() || !landsIn.isEmpty() ? database : QString());
+    QCOMPARE(received.batches, batches);
 }
 
 void TestConnectionStrings::openFails_data()
 {
+    QTest::addColumn<TdsListener::Script>("script");
     QTest::addColumn<QString>("serverSuffix");
     QTest::addColumn<QByteArray>("encrypt");
-    QTest::addColumn<QString>("refusedBatch");
+    QTest::addColumn<OpenFailure>("failure");
     QTest::addColumn<QString>("message");
     QTest::addColumn<int>("connections");
-    QTest::newRow("server with keywords") << ";PORT=1" << QByteArray() << QString() << "; { } =" << 0;
-    QTest::newRow("server with a brace") << "}" << QByteArray() << QString() << "; { } =" << 0;
-    QTest::newRow("encryption neither requested nor required") << QString() << QByteArray("off") << QString()
-                                                               << "ZRT_ENCRYPT" << 0;
-    QTest::newRow("encryption required of a server without it") << QString() << QByteArray("require") << QString()
-                                                                 << QString() << 1;
-    QTest::newRow("catalog the server will not select") << QString() << QByteArray() << "USE"
-                                                        << "Refused by the listener." << 1;
+    const TdsListener::Script answering;
+    QTest::newRow("server with keywords") << answering << ";PORT=1" << QByteArray() << OpenFailure::Other << "; { } =" << 0;
+    QTest::newRow("server with a brace") << answering << "}" << QByteArray() << OpenFailure::Other << "; { } =" << 0;
+    QTest::newRow("a second server in the server name")
+        << answering << ";Data Source=127.0.0.1,1" << QByteArray() << OpenFailure::Other << "Data Source" << 0;
+    QTest::newRow("encryption neither requested nor required")
+        << answering << QString() << QByteArray("off") << OpenFailure::Other << "ZRT_ENCRYPT" << 0;
+    QTest::newRow("encryption required of a server without it")
+        << answering << QString() << QByteArray("require") << OpenFailure::Unreachable << QString() << 1;
+    QTest::newRow("login refused")
+        << TdsListener::Script{.loginError = TdsListener::Error{18456, "Login failed for user 'quorvex'."}} << QString()
+        << QByteArray() << OpenFailure::LoginRefused << "Login failed for user 'quorvex'." << 1;
+    QTest::newRow("database missing")
+        << TdsListener::Script{.loginError = TdsListener::Error{4060, "Cannot open database \"QuorvexA\"."}} << QString()
+        << QByteArray() << OpenFailure::DatabaseMissing << "Cannot open database" << 1;
+    QTest::newRow("landed elsewhere, and the database will not be selected")
+        << TdsListener::Script{.refusedBatch = "USE", .landsIn = "master"} << QString() << QByteArray()
+        << OpenFailure::Other << "Refused by the listener." << 1;
 }
 
 void TestConnectionStrings::openFails()
 {
+    QFETCH(TdsListener::Script, script);
     QFETCH(QString, serverSuffix);
     QFETCH(QByteArray, encrypt);
-    QFETCH(QString, refusedBatch);
+    QFETCH(OpenFailure, failure);
     QFETCH(QString, message);
     QFETCH(int, connections);
-    TdsListener server(TdsListener::Manner::Answering, refusedBatch);
+    TdsListener server(script);
     qputenv("ZRT_ENCRYPT", encrypt.isEmpty() ? QByteArray("request") : encrypt);
     const auto connection = sqlServerConnections()();
     const DbStatus opened = connection->open(runConnectionString(*prefix("LOCAL"), "QuorvexA", server.dataSource() + serverSuffix));
@@ -90,7 +96,7 @@ void TestConnectionStrings::openFails()
     QVERIFY(!opened.ok);
     QVERIFY(!connection->isOpen());
     QVERIFY2(opened.message.contains(message), qPrintable(opened.message));
-    QCOMPARE(opened.nativeError, refusedBatch.isEmpty() ? 0 : TdsListener::kRefusal);
+    QCOMPARE(openFailureOf(opened), failure);
     QCOMPARE(server.received().connections, connections);
 }
 

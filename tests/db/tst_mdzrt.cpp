@@ -27,34 +27,39 @@ void TestMdZrt::openConnection_data()
     QTest::addColumn<QString>("mode");
     QTest::addColumn<QString>("server");
     QTest::addColumn<QString>("database");
+    QTest::addColumn<QString>("dataSource");  // given, as the command line does: its fallback is on that server
     QTest::addColumn<QString>("refusedOpen"); // opens of strings holding this fail
     QTest::addColumn<QStringList>("calls");
     QTest::addColumn<bool>("opened");
     QTest::addColumn<bool>("isOpen");
 
     QTest::newRow("OFFLINE opens the run string with an empty data source")
-        << "OFFLINE" << "ACCOUNTS" << "QuorvexAB2024" << QString()
+        << "OFFLINE" << "ACCOUNTS" << "QuorvexAB2024" << QString() << QString()
         << QStringList{"open " + kOffline + "QuorvexAB2024;Data Source="} << true << true;
     QTest::newRow("LOCAL")
-        << "LOCAL" << "LAPTOP" << "QuorvexX" << QString()
+        << "LOCAL" << "LAPTOP" << "QuorvexX" << QString() << QString()
         << QStringList{"open " + kLocal + "QuorvexX;Data Source="} << true << true;
     QTest::newRow("LOCAL missing database falls back to tempdb")
-        << "LOCAL" << "ACCOUNTS" << "QuorvexNone" << "QuorvexNone"
+        << "LOCAL" << "ACCOUNTS" << "QuorvexNone" << QString() << "QuorvexNone"
         << QStringList{"open " + kLocal + "QuorvexNone;Data Source=", kFallback} << false << true;
     QTest::newRow("fallback failing too leaves the connection closed")
-        << "OFFLINE" << "ACCOUNTS" << "Q" << "Initial Catalog="
+        << "OFFLINE" << "ACCOUNTS" << "Q" << QString() << "Initial Catalog="
         << QStringList{"open " + kOffline + "Q;Data Source=", kFallback} << false << false;
-    QTest::newRow("ONLINE on SERVER") << "ONLINE" << "SERVER" << "QuorvexH" << QString()
+    QTest::newRow("the command line falls back on the same server and login")
+        << "LOCAL" << "S" << "QuorvexNone" << "tcp:S,1" << "QuorvexNone"
+        << QStringList{"open " + kLocal + "QuorvexNone;Data Source=tcp:S,1", "open " + kLocal + "tempdb;Data Source=tcp:S,1"}
+        << false << true;
+    QTest::newRow("ONLINE on SERVER") << "ONLINE" << "SERVER" << "QuorvexH" << QString() << QString()
                                       << QStringList{"open " + kOnline + "QuorvexH;Data Source="} << true << true;
-    QTest::newRow("ONLINE on QUORVEXMAIN") << "ONLINE" << "QUORVEXMAIN" << "QuorvexH" << QString()
+    QTest::newRow("ONLINE on QUORVEXMAIN") << "ONLINE" << "QUORVEXMAIN" << "QuorvexH" << QString() << QString()
                                            << QStringList{"open " + kOnline + "QuorvexH;Data Source="} << true << true;
     QTest::newRow("ONLINE on another server opens nothing yet succeeds")
-        << "ONLINE" << "ACCOUNTS" << "QuorvexH" << QString() << QStringList{} << true << false;
-    QTest::newRow("server compared with its case") << "ONLINE" << "server" << "QuorvexH" << QString()
+        << "ONLINE" << "ACCOUNTS" << "QuorvexH" << QString() << QString() << QStringList{} << true << false;
+    QTest::newRow("server compared with its case") << "ONLINE" << "server" << "QuorvexH" << QString() << QString()
                                                    << QStringList{} << true << false;
-    QTest::newRow("unknown mode opens nothing yet succeeds") << "offline" << "SERVER" << "QuorvexH" << QString()
+    QTest::newRow("unknown mode opens nothing yet succeeds") << "offline" << "SERVER" << "QuorvexH" << QString() << QString()
                                                              << QStringList{} << true << false;
-    QTest::newRow("empty mode") << "" << "ACCOUNTS" << "QuorvexH" << QString() << QStringList{} << true << false;
+    QTest::newRow("empty mode") << "" << "ACCOUNTS" << "QuorvexH" << QString() << QString() << QStringList{} << true << false;
 }
 
 void TestMdZrt::openConnection()
@@ -62,6 +67,7 @@ void TestMdZrt::openConnection()
     QFETCH(QString, mode);
     QFETCH(QString, server);
     QFETCH(QString, database);
+    QFETCH(QString, dataSource);
     QFETCH(QString, refusedOpen);
     QFETCH(QStringList, calls);
     QFETCH(bool, opened);
@@ -70,12 +76,14 @@ void TestMdZrt::openConnection()
     ScriptedServer scripted;
     if (!refusedOpen.isEmpty())
         scripted.refusedOpens << refusedOpen;
-    mdZRT module(scripted.connections());
+    mdZRT module(scripted.connections(), dataSource,
+                 dataSource.isEmpty() ? mdZRT::Fallback::LocalWindowsLogin : mdZRT::Fallback::SameServerAndLogin);
     QVERIFY(!module.ConnectionOpened());
     module.OpenConnection(mode, server, database);
     QCOMPARE(scripted.calls(), calls);
     QCOMPARE(module.ConnectionOpened(), opened);
     QCOMPARE(module.SharedConnection().isOpen(), isOpen);
+    QCOMPARE(module.openFailure().ok, opened); // what a command names when it did not open
 }
 
 void TestMdZrt::openingAnOpenConnectionFails()

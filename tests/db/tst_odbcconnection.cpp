@@ -3,6 +3,7 @@
 #include "maintenancerun.h"
 #include "mdzrt.h"
 #include "odbcconnection.h"
+#include "openfailure.h"
 #include "tdslistener.h"
 
 #include <QElapsedTimer>
@@ -13,10 +14,10 @@ using namespace ConnectionProfiles;
 
 namespace {
 
-// Short, so that waiting for a silent server keeps the test quick.
-constexpr OdbcTimeouts kShortTimeouts{2, 1};
+// Far enough apart that a wait tells which of the two bounded it.
+constexpr OdbcTimeouts kTimeouts{1, 3};
 // What the driver may take beyond its timeout to give up and hang up.
-constexpr qint64 kGraceMilliseconds = 3000;
+constexpr qint64 kGraceMilliseconds = 1500;
 
 class RecordingHost : public HeadlessRunHost
 {
@@ -34,9 +35,8 @@ class TestOdbcConnection : public QObject
 
 private slots:
     void sqliteStatementsAndResultSets();
-    void silentServerGivesUp_data();
-    void silentServerGivesUp();
-    void unansweredStatementTimesOutAndTheRunGoesOn();
+    void everyWaitIsBounded_data();
+    void everyWaitIsBounded();
 };
 
 void TestOdbcConnection::sqliteStatementsAndResultSets()
@@ -60,7 +60,8 @@ void TestOdbcConnection::sqliteStatementsAndResultSets()
     QCOMPARE(rows.atEnd(), true);
     // A failing Select leaves the variable as it was; a failing fetch keeps the
     // rows before it, and the end test then fails.
-    QVERIFY(!connection->query("Select Name From tblMissing", rows).ok);
+    const DbStatus missing = connection->query("Select Name From tblMissing", rows);
+    QVERIFY(!missing.ok && !missing.connectionLost);
     QCOMPARE(rows.atEnd(), true);
     QVERIFY(connection->query("Select abs(x) As v From (Select 1 As x Union All Select -9223372036854775807 - 1)", rows).ok);
     QCOMPARE(rows.field("v")->toString(), "1");
@@ -70,51 +71,55 @@ void TestOdbcConnection::sqliteStatementsAndResultSets()
     QVERIFY(!connection->close().ok);
 }
 
-void TestOdbcConnection::silentServerGivesUp_data()
+void TestOdbcConnection::everyWaitIsBounded_data()
 {
     QTest::addColumn<TdsListener::Manner>("manner");
     QTest::addColumn<QString>("mode");
     QTest::addColumn<bool>("listing");
-    QTest::newRow("silent, LOCAL listing") << TdsListener::Manner::Silent << "LOCAL" << true;
-    QTest::newRow("silent, OFFLINE opening") << TdsListener::Manner::Silent << "OFFLINE" << false;
-    QTest::newRow("garbage, LOCAL opening") << TdsListener::Manner::Garbage << "LOCAL" << false;
-    QTest::newRow("garbage, OFFLINE listing") << TdsListener::Manner::Garbage << "OFFLINE" << true;
+    QTest::addColumn<QString>("unanswered"); // a statement the server never answers
+    QTest::addColumn<int>("atLeast");        // seconds
+    QTest::addColumn<int>("atMost");
+    const int login = kTimeouts.loginSeconds, statement = kTimeouts.statementSeconds;
+    QTest::newRow("silent, LOCAL listing") << TdsListener::Manner::Silent << "LOCAL" << true << "" << login << login;
+    QTest::newRow("silent, OFFLINE opening") << TdsListener::Manner::Silent << "OFFLINE" << false << "" << login << login;
+    QTest::newRow("garbage, LOCAL opening") << TdsListener::Manner::Garbage << "LOCAL" << false << "" << 0 << login;
+    QTest::newRow("garbage, OFFLINE listing") << TdsListener::Manner::Garbage << "OFFLINE" << true << "" << 0 << login;
+    QTest::newRow("an unanswered statement times out, the run goes on")
+        << TdsListener::Manner::Answering << "LOCAL" << false << "WAITFOR" << statement << statement;
 }
 
-void TestOdbcConnection::silentServerGivesUp()
+void TestOdbcConnection::everyWaitIsBounded()
 {
     QFETCH(TdsListener::Manner, manner);
     QFETCH(QString, mode);
     QFETCH(bool, listing);
-    TdsListener server(manner);
-    const ConnectionFactory connections = sqlServerConnections(kShortTimeouts);
+    QFETCH(QString, unanswered);
+    QFETCH(int, atLeast);
+    QFETCH(int, atMost);
+    TdsListener server({.manner = manner, .unansweredBatch = unanswered});
+    const ConnectionFactory connections = sqlServerConnections(kTimeouts);
     QElapsedTimer timer;
     timer.start();
-    const bool failed = listing
-        ? listDatabases(mode, server.dataSource(), connections, [](const QString &) {}).failed
-        : !connections()->open(runConnectionString(*prefix(mode), "QuorvexA", server.dataSource())).ok;
-    QVERIFY(failed);
-    QCOMPARE(server.received().connections, 1);
-    QVERIFY2(timer.elapsed() < kShortTimeouts.loginSeconds * 1000 + kGraceMilliseconds,
-             qPrintable(QString::number(timer.elapsed())));
-}
-
-void TestOdbcConnection::unansweredStatementTimesOutAndTheRunGoesOn()
-{
-    TdsListener server(TdsListener::Manner::Answering, QString(), "WAITFOR");
-    mdZRT module(sqlServerConnections(kShortTimeouts), server.dataSource());
-    RecordingHost host;
-    CheckRecordsets recordsets;
-    const Steps steps{Step::execute(Action::AddColumn, "WAITFOR DELAY '01:00:00'"),
-                      Step::execute(Action::DropTable, "drop table [dbo].[tblStockEmpty]")};
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(MaintenanceRun(module, host, recordsets).run({"LOCAL", "ACCOUNTS", "QuorvexA"}, steps), RunEnd::Completed);
-    QCOMPARE(host.outcomes.size(), 2);
-    QVERIFY(host.outcomes[0].status.timedOut);
-    QVERIFY2(host.outcomes[1].status.ok, qPrintable(host.outcomes[1].status.message));
-    QCOMPARE(server.received().batches.last(), steps[1].text);
-    QVERIFY2(timer.elapsed() < kShortTimeouts.statementSeconds * 1000 + kGraceMilliseconds,
+    if (!unanswered.isEmpty()) {
+        mdZRT module(connections, server.dataSource());
+        RecordingHost host;
+        CheckRecordsets recordsets;
+        const Steps steps{Step::execute(Action::AddColumn, "WAITFOR DELAY '01:00:00'"),
+                          Step::execute(Action::DropTable, "drop table [dbo].[tblStockEmpty]")};
+        QCOMPARE(MaintenanceRun(module, host, recordsets).run({mode, "ACCOUNTS", "QuorvexA"}, steps), RunEnd::Completed);
+        QCOMPARE(host.outcomes.size(), 2);
+        QVERIFY(host.outcomes[0].status.timedOut && !host.outcomes[0].status.connectionLost);
+        QVERIFY2(host.outcomes[1].status.ok, qPrintable(host.outcomes[1].status.message));
+        QCOMPARE(server.received().batches.last(), steps[1].text);
+    } else {
+        const DbStatus failure = listing
+            ? listDatabases(mode, server.dataSource(), connections, [](const QString &) {}).failure
+            : connections()->open(runConnectionString(*prefix(mode), "QuorvexA", server.dataSource()));
+        QVERIFY(!failure.ok);
+        QCOMPARE(openFailureOf(failure), OpenFailure::Unreachable);
+        QCOMPARE(server.received().connections, 1);
+    }
+    QVERIFY2(timer.elapsed() >= atLeast * 1000 && timer.elapsed() < atMost * 1000 + kGraceMilliseconds,
              qPrintable(QString::number(timer.elapsed())));
 }
 

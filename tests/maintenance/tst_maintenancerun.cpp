@@ -49,10 +49,14 @@ struct Run
     RecordingHost host;
     CheckRecordsets recordsets;
 
+    int notSent = 0;
+
     RunEnd operator()(const QString &database, const Steps &steps)
     {
-        return MaintenanceRun(module, host, recordsets)
-            .run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), database}, steps);
+        MaintenanceRun run(module, host, recordsets);
+        const RunEnd end = run.run({QStringLiteral("LOCAL"), QStringLiteral("ACCOUNTS"), database}, steps);
+        notSent = run.notSent();
+        return end;
     }
     // What was sent after the first open, without the call's kind.
     QStringList sent() const
@@ -112,7 +116,11 @@ void TestMaintenanceRun::newDatabaseReceivesTheCompleteScript()
 void TestMaintenanceRun::failuresAreSkipped()
 {
     Run run;
-    run.server.failingStatements = {QStringLiteral("A"), QStringLiteral("C")};
+    // The window's run goes on even past a connection that died.
+    DbStatus lost = DbStatus::failure(QStringLiteral("Communication link failure"));
+    lost.connectionLost = true;
+    run.server.failingWith.insert(QStringLiteral("A"), lost);
+    run.server.failingStatements = {QStringLiteral("C")};
     run(QStringLiteral("QuorvexA"), {Step::execute(Action::AddColumn, "A"), Step::execute(Action::AddColumn, "B"),
                                      Step::execute(Action::AddColumn, "C"), Step::execute(Action::AddColumn, "D")});
     QCOMPARE(run.sent(), (QStringList{"A", "B", "C", "D"}));
@@ -164,10 +172,13 @@ void TestMaintenanceRun::hostMayStopBetweenStatements()
     Run run;
     run.host.stopAfterStatements = 2;
     const Steps steps{Step::execute(Action::AddColumn, "A"),
-                      Step::guard("Select B", Recordset::Check, {Step::execute(Action::InsertBuiltInRow, "C")}),
-                      Step::execute(Action::AddColumn, "D")};
+                      Step::guard("Select B", Recordset::Check,
+                                  {Step::execute(Action::InsertBuiltInRow, "C"), Step::execute(Action::InsertBuiltInRow, "D")}),
+                      Step::execute(Action::AddColumn, "E"),
+                      Step::guard("Select F", Recordset::Check, {Step::execute(Action::InsertBuiltInRow, "G")})};
     QCOMPARE(run(QStringLiteral("QuorvexA"), steps), RunEnd::Stopped);
     QCOMPARE(run.sent(), (QStringList{"A", "Select B"}));
+    QCOMPARE(run.notSent, 5); // C, D, E, F and G: what a new database would still have received
     QVERIFY(!run.host.calls.contains(QStringLiteral("show end")));
 }
 

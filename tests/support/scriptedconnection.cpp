@@ -18,7 +18,7 @@ public:
             return DbStatus::failure(QStringLiteral("already open"));
         for (const QString &refused : m_server.refusedOpens) {
             if (connectionString.contains(refused))
-                return DbStatus::failure(QStringLiteral("refused"), 4060);
+                return m_server.openRefusal;
         }
         m_open = true;
         return DbStatus::success();

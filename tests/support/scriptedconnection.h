@@ -19,6 +19,7 @@ class ScriptedServer
 {
 public:
     QStringList refusedOpens;         // opens of strings containing one of these fail
+    DbStatus openRefusal = DbStatus::failure(QStringLiteral("refused"), 4060); // with this: the database is missing
     QSet<QString> failingStatements;  // statements and queries with these texts fail
     QHash<QString, DbStatus> failingWith; // statement text -> the failure it meets
     QHash<QString, ResultSet> answers; // query text -> its rows

@@ -1,0 +1,125 @@
+#include "tdslistener.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <unistd.h>
+
+namespace {
+
+const QString kListing = QStringLiteral("Select name From sys.databases Where name like 'Quorvex%' Order By name");
+// Where the listener stops answering: the run blocks there until its statement times out.
+const QString kUnanswered = QStringLiteral("CREATE TABLE [dbo].[tblDBCR]");
+
+QList<QJsonObject> jsonLines(const QString &path)
+{
+    QFile file(path);
+    QList<QJsonObject> lines;
+    if (file.open(QIODevice::ReadOnly)) {
+        for (const QByteArray &line : file.readAll().split('\n')) {
+            if (!line.isEmpty())
+                lines << QJsonDocument::fromJson(line).object();
+        }
+    }
+    return lines;
+}
+
+QStringList outcomes(const QString &indexFile)
+{
+    QFile file(indexFile);
+    QStringList found;
+    if (file.open(QIODevice::ReadOnly)) {
+        for (const QJsonValue &run : QJsonDocument::fromJson(file.readAll())["databases"].toArray())
+            found << run["outcome"].toString();
+    }
+    return found;
+}
+
+} // namespace
+
+// What only the program itself shows, run as a process against a listener:
+// how it ends on signals and on an output that is gone.
+class TestZrtProcess : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+private slots:
+    void endingSignals_data()
+    {
+        QTest::addColumn<bool>("fleet");
+        QTest::addColumn<QList<int>>("sent");
+        QTest::addColumn<int>("statementSeconds");
+        QTest::newRow("SIGTERM: the statement under way ends, no other is sent") << false << QList<int>{SIGTERM} << 2;
+        // Two of a kind sent at once would arrive as one.
+        QTest::newRow("a Ctrl-C after a SIGTERM ends at once, the report kept") << false << QList<int>{SIGTERM, SIGINT} << 30;
+        QTest::newRow("run --all: a second Ctrl-C still writes the index") << true << QList<int>{SIGINT, SIGTERM} << 30;
+    }
+
+    void endingSignals()
+    {
+        QFETCH(bool, fleet);
+        QFETCH(QList<int>, sent);
+        QFETCH(int, statementSeconds);
+        TdsListener server({.unansweredBatch = kUnanswered, .rows = {{kListing, {"QuorvexA", "QuorvexB"}}}});
+        const QString reports = m_dir.filePath(QTest::currentDataTag());
+        QStringList arguments{"run", "--mode", "LOCAL", "--server", server.dataSource(), "--statement-timeout",
+                              QString::number(statementSeconds)};
+        arguments += fleet ? QStringList{"--all", "--jobs", "1", "--report-dir", reports}
+                           : QStringList{"--database", "QuorvexA", "--report", reports};
+        QProcess zrt;
+        zrt.start(QStringLiteral(ZRT_PROGRAM), arguments);
+        QTRY_VERIFY_WITH_TIMEOUT(server.received().batches.value(server.received().batches.size() - 1).startsWith(kUnanswered),
+                                 10000);
+        QElapsedTimer timer;
+        timer.start();
+        for (int signal : sent)
+            ::kill(zrt.processId(), signal);
+        QVERIFY(zrt.waitForFinished(10000));
+        QCOMPARE(zrt.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(zrt.exitCode(), 130);
+        // One signal waits for the statement's own end; two do not wait.
+        QVERIFY2(sent.size() == 1 ? timer.elapsed() >= 1000 : timer.elapsed() < 1000 * statementSeconds / 2,
+                 qPrintable(QString::number(timer.elapsed())));
+        QVERIFY(server.received().batches.last().startsWith(kUnanswered));
+        const QList<QJsonObject> report = jsonLines(fleet ? reports + "/001-QuorvexA.jsonl" : reports);
+        QVERIFY(report.size() >= 2);
+        QCOMPARE(report.first()["database"].toString(), QStringLiteral("QuorvexA"));
+        QCOMPARE(report.last()["outcome"].toString(), QStringLiteral("interrupted"));
+        QCOMPARE(report.last()["complete"].toBool(true), false);
+        if (fleet)
+            QCOMPARE(outcomes(reports + "/index.json"), (QStringList{"interrupted", "not done"}));
+    }
+
+    void aClosedOutputStopsTheFleet()
+    {
+        TdsListener server({.rows = {{kListing, {"QuorvexA", "QuorvexB"}}}});
+        const QString reports = m_dir.filePath(QStringLiteral("closed"));
+        // Its standard output: a pipe whose reader is gone before anything is written.
+        int ends[2];
+        QCOMPARE(::pipe(ends), 0);
+        ::close(ends[0]);
+        QProcess zrt;
+        zrt.setChildProcessModifier([output = ends[1]] { ::dup2(output, STDOUT_FILENO); });
+        zrt.start(QStringLiteral(ZRT_PROGRAM),
+                  {"run", "--all", "--mode", "LOCAL", "--server", server.dataSource(), "--report-dir", reports});
+        ::close(ends[1]);
+        QVERIFY(zrt.waitForFinished(10000));
+        QCOMPARE(zrt.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(zrt.exitCode(), 130);
+        QVERIFY(zrt.readAllStandardError().contains("zrt run: cannot write the standard output"));
+        QCOMPARE(outcomes(reports + "/index.json"), (QStringList{"not done", "not done"}));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestZrtProcess)
+#include "tst_zrtprocess.moc"
