@@ -21,13 +21,14 @@ constexpr char kDescription[] =
     "its statements did, failures grouped by message. ONLINE mode opens only on\n"
     "the servers QUORVEXMAIN and SERVER; on any other nothing is sent (exit 4).\n"
     "With --odbc every open, the fallback on tempdb included, uses the given ODBC\n"
-    "connection string. A database that cannot be opened is created only with\n"
-    "--create-at; otherwise nothing is sent (exit 4). The run never goes on in\n"
-    "the fallback on tempdb. With --all every database that the server lists is\n"
+    "connection string; the database is named at login. A database that is\n"
+    "missing is created only with --create-at, on the chosen server; otherwise\n"
+    "nothing is sent (exit 4). The run never goes on in the fallback on tempdb. With --all every database that the server lists is\n"
     "run, each on its own connection, with a line for each as it ends; Ctrl-C\n"
     "starts no further run and stops the running ones after their current\n"
-    "statement. Exit 0 completed, 3 statements failed unexpectedly or timed out\n"
-    "or a report could not be written, 4 nothing could be applied, 130 interrupted.";
+    "statement. A lost connection ends the run. Exit 0 completed, 3 statements\n"
+    "failed unexpectedly or timed out, the connection was lost or a file could not\n"
+    "be written, 4 nothing could be applied, 130 interrupted.";
 
 constexpr char kPlanDescription[] =
     "zrt plan --mode MODE --database NAME [--server NAME | --odbc STRING]\n"
@@ -38,12 +39,13 @@ constexpr char kPlanDescription[] =
     "leaves it as it was: it opens the database as run does, turns autocommit\n"
     "off, sends exactly the run's statements (each guard sees what the earlier\n"
     "statements did) and rolls everything back; it never commits. It also names\n"
-    "the rows the run would discard. A database that cannot be opened is\n"
-    "reported as one that would be created (with --create-at, by the statement\n"
-    "shown); nothing is sent. A preview holds the same locks as a run until it\n"
+    "the rows the run would discard. A database that is missing is reported as\n"
+    "one that a run would create (with --create-at, by the statement shown);\n"
+    "nothing is sent. A preview holds the same locks as a run until it\n"
     "rolls back: the application's users wait for it as for a run. Exit codes as\n"
-    "run: 0 the run would complete, 3 statements would fail unexpectedly, 4\n"
-    "nothing could be read, 130 interrupted.";
+    "run: 0 the run would complete, 3 statements would fail unexpectedly or the\n"
+    "preview stopped (once the server has ended its transaction, or will not say,\n"
+    "nothing more is sent), 4 nothing could be read, 130 interrupted.";
 
 // What `run` and `plan` share but their names and whether they roll back.
 struct Command

@@ -80,6 +80,9 @@ void TestSchemaDrift::drift_data()
     QTest::newRow("narrower column")
         << SchemaChange([](DatabaseSchema &s) { column(s, "tblPartyInfo", "PartyPhone").length = 50; })
         << QStringList{"differing column tblPartyInfo.PartyPhone nvarchar(50) for nvarchar(100)"} << 1;
+    QTest::newRow("wider column")
+        << SchemaChange([](DatabaseSchema &s) { column(s, "tblPartyInfo", "PartyPhone").length = 200; })
+        << QStringList{"differing column tblPartyInfo.PartyPhone nvarchar(200) for nvarchar(100)"} << 1;
     QTest::newRow("column of another type")
         << SchemaChange([](DatabaseSchema &s) { column(s, "tblConfig", "UpdateStatus") = {"UpdateStatus", "int", 0}; })
         << QStringList{"differing column tblConfig.UpdateStatus int for nvarchar(10)"} << 1;
