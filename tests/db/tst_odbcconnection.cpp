@@ -37,6 +37,7 @@ private slots:
     void sqliteStatementsAndResultSets();
     void everyWaitIsBounded_data();
     void everyWaitIsBounded();
+    void aServerThatHangsUpIsALostConnection();
 };
 
 void TestOdbcConnection::sqliteStatementsAndResultSets()
@@ -121,6 +122,20 @@ void TestOdbcConnection::everyWaitIsBounded()
     }
     QVERIFY2(timer.elapsed() >= atLeast * 1000 && timer.elapsed() < atMost * 1000 + kGraceMilliseconds,
              qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestOdbcConnection::aServerThatHangsUpIsALostConnection()
+{
+    TdsListener server({.refusedBatch = "A", .hangUpBatch = "B"});
+    const auto connection = sqlServerConnections(kTimeouts)();
+    QVERIFY(connection->open(runConnectionString(*prefix("LOCAL"), "QuorvexA", server.dataSource())).ok);
+    const DbStatus refused = connection->execute("A");
+    QVERIFY(!refused.ok && !refused.connectionLost);
+    for (const char *statement : {"B", "C"}) {
+        const DbStatus lost = connection->execute(statement);
+        QVERIFY2(!lost.ok && lost.connectionLost, qPrintable(lost.message));
+    }
+    QCOMPARE(server.received().batches, (QStringList{"A", "B"}));
 }
 
 QTEST_GUILESS_MAIN(TestOdbcConnection)
