@@ -66,7 +66,10 @@ int dispatch(const QString &command, const QStringList &rest, CommandContext &co
 int runCommandLine(const QStringList &arguments, CommandContext &context)
 {
     const QString command = arguments.value(1);
-    if (const int status = dispatch(command, arguments.mid(2), context); status >= 0) {
+    if (int status = dispatch(command, arguments.mid(2), context); status >= 0) {
+        // Asked to stop: whatever the command was waiting for when it was asked.
+        if (context.stop && context.stop->load())
+            status = moreSerious(status, kExitInterrupted);
         // Output that did not all arrive is a lost file like any other.
         context.out.flush();
         if (context.out.status() == QTextStream::Ok)

@@ -1,5 +1,6 @@
 #include "databaserun.h"
 
+#include "emptydatabasescript.h"
 #include "mdzrt.h"
 #include "odbckeywords.h"
 #include "outputfile.h"
@@ -43,7 +44,8 @@ public:
     // cannot be reached or that refused the login.
     std::optional<DatabaseFile> chooseDatabaseFile() override
     {
-        if (!m_run.createAt || m_run.preview || openFailureOf(m_module.openFailure()) != OpenFailure::DatabaseMissing)
+        if (!m_run.createAt || m_run.preview || stopRequested()
+            || openFailureOf(m_module.openFailure()) != OpenFailure::DatabaseMissing)
             return std::nullopt;
         return DatabaseFile{*m_run.createAt, QFileInfo(*m_run.createAt).fileName()};
     }
@@ -202,17 +204,23 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     HeadlessHost host(run, module);
     CheckRecordsets recordsets;
     MaintenanceRun maintenance(module, host, recordsets);
-    result.end = maintenance.run({run.mode, run.server, run.database}, maintenanceSteps());
+    const Steps steps = maintenanceSteps();
+    result.end = maintenance.run({run.mode, run.server, run.database}, steps);
     result.tally = host.tally();
     result.preview = host.findings();
     if (!module.ConnectionOpened())
         result.openFailure = openFailureOf(module.openFailure());
-    if (result.end == RunEnd::NotOpened)
-        result.reason = host.notOpen();
-    if (result.end == RunEnd::Stopped) {
-        result.stop = host.cut().value_or(RunStop{StopCause::Interrupted, host.tally().sent(), QString()});
+    if (result.end == RunEnd::NotOpened && host.stopRequested()) {
+        // Asked to stop while logging in: that, not the login's outcome, ends it.
+        result.end = RunEnd::Stopped;
+        result.notSent = statementCount(steps);
+    } else if (result.end == RunEnd::Stopped) {
         result.notSent = maintenance.notSent();
     }
+    if (result.end == RunEnd::NotOpened)
+        result.reason = host.notOpen();
+    if (result.end == RunEnd::Stopped)
+        result.stop = host.cut().value_or(RunStop{StopCause::Interrupted, host.tally().sent(), QString()});
     result.seconds = double(timer.nsecsElapsed()) / 1e9;
 
     if (run.report) {

@@ -543,6 +543,17 @@ private slots:
                               "close", local + "QuorvexA;Data Source=S"}));
     }
 
+    void aStopAskedDuringTheLoginIsKept()
+    {
+        ScriptedServer server;
+        server.refusedOpens << "Initial Catalog=QuorvexA;";
+        std::atomic<bool> stop = true; // Ctrl-C while the server was being reached
+        const Invocation run = invoke(kRun + QStringList{"--create-at", "/srv/QuorvexA"}, server.connections(), &stop);
+        QCOMPARE(run.exit, 130);
+        QVERIFY2(run.out.contains("interrupted after 0 statements, 493 not sent"), qPrintable(run.out));
+        QVERIFY(server.calls().filter(QRegularExpression("^execute ")).isEmpty());
+    }
+
     void standardOutputThatFails()
     {
         // A device that takes nothing, as a full disk or a closed pipe does.
