@@ -85,9 +85,12 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
         indexAtOnce = LastWords::instance().add([&] {
             const QMutexLocker lock(&recording);
             AllRunsResult now = all;
+            DatabaseRunResult interrupted;
+            interrupted.end = RunEnd::Stopped;
+            interrupted.stop = RunStop{StopCause::Interrupted, 0, QString()};
             for (size_t i = 0; i < running.size(); ++i) {
                 if (running[i])
-                    now.results[i] = DatabaseRunResult{RunEnd::Stopped, {}, all.started, 0, {}, {}, RunStop{}, 0, {}, {}};
+                    now.results[i] = interrupted;
             }
             writeIndex(runs, now);
         });
