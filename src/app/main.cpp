@@ -1,6 +1,7 @@
 #include "commandline.h"
+#include "commandsyntax.h"
 #include "odbcconnection.h"
-#include "windowmain.h"
+#include "windowlauncher.h"
 
 #include <QCoreApplication>
 
@@ -14,14 +15,6 @@ namespace {
 
 std::atomic<bool> interrupted = false;
 
-// Somewhere for the window to appear: an X or Wayland display, or a platform
-// chosen outright (offscreen).
-bool hasDisplay()
-{
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-}
-
 OdbcTimeouts timeouts(int statementSeconds)
 {
     OdbcTimeouts timeouts;
@@ -34,14 +27,15 @@ OdbcTimeouts timeouts(int statementSeconds)
 int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("ZRT"));
-    if (argc < 2 && hasDisplay())
-        return runWindow(argc, argv);
-
     // With a command the program runs headless: no display is needed. Without
-    // one and without a display it prints its usage.
+    // one it starts the window where there is a display, else prints its usage.
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
+    if (argc < 2 && hasDisplay()) {
+        err << "zrt: cannot start the window: " << execWindow() << "; give a command\n\n" << programHelp();
+        return kExitUsage;
+    }
     // The first Ctrl-C lets the statement under way finish, so no run stops
     // half-sent; a second ends the program at once (the server rolls back
     // whatever a preview had begun).
