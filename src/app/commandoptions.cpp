@@ -21,21 +21,16 @@ QStringList odbcPassword(const QString &odbc)
     return {value, value.mid(1, value.size() - 2).replace(QLatin1String("}}"), QLatin1String("}"))};
 }
 
-QString fromView(std::string_view view)
-{
-    return QString::fromUtf8(view.data(), qsizetype(view.size()));
-}
-
 void addCommandOptions(QCommandLineParser &parser, const CommandSyntax &command)
 {
     QStringList usage;
     for (const FormSyntax &form : command.forms)
         usage << usageLine(command, form);
-    parser.setApplicationDescription(usage.join(QLatin1Char('\n')) + QLatin1String("\n\n") + fromView(command.description));
+    parser.setApplicationDescription(usage.join(QLatin1Char('\n')) + QLatin1String("\n\n") + syntaxText(command.description));
     parser.addOption({QStringList{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
     for (const QString &name : commandOptions(command)) {
         const OptionSyntax &option = *findOption(name);
-        parser.addOption({name, fromView(option.description), fromView(option.value)});
+        parser.addOption({name, syntaxText(option.description), syntaxText(option.value)});
     }
 }
 
@@ -44,7 +39,7 @@ const FormSyntax &chosenForm(const QCommandLineParser &parser, const CommandSynt
 {
     const FormSyntax *chosen = &command.forms.front();
     for (const FormSyntax &form : command.forms) {
-        if (!form.selector.empty() && parser.isSet(fromView(form.selector)))
+        if (!form.selector.empty() && parser.isSet(syntaxText(form.selector)))
             chosen = &form;
     }
     return *chosen;
@@ -55,7 +50,7 @@ const FormSyntax &chosenForm(const QCommandLineParser &parser, const CommandSynt
 QString formRefusal(const QCommandLineParser &parser, const CommandSyntax &command)
 {
     const FormSyntax &chosen = chosenForm(parser, command);
-    const QString selector = fromView(chosen.selector);
+    const QString selector = syntaxText(chosen.selector);
     for (const QString &given : parser.optionNames()) {
         if (formTakes(chosen, given) || given == QLatin1String("h") || given == QLatin1String("help"))
             continue;
@@ -63,7 +58,7 @@ QString formRefusal(const QCommandLineParser &parser, const CommandSyntax &comma
             return QStringLiteral("--%1 does not go with --%2").arg(given, selector);
         for (const FormSyntax &form : command.forms) {
             if (formTakes(form, given))
-                return QStringLiteral("--%1 goes with --%2").arg(given, fromView(form.selector));
+                return QStringLiteral("--%1 goes with --%2").arg(given, syntaxText(form.selector));
         }
     }
     for (const FormOption &option : formOptions(chosen)) {

@@ -107,35 +107,13 @@ constexpr TermSyntax kEnvironment[] = {
 constexpr std::array<const char *, 3> kModes = {ConnectionProfiles::kOffline, ConnectionProfiles::kLocal,
                                                 ConnectionProfiles::kOnline};
 
-QString text(std::string_view view)
-{
-    return QString::fromUtf8(view.data(), qsizetype(view.size()));
-}
-
-// Usage words that are printed together: an option with its value, or a
-// bracketed group.
-QStringList usageUnits(const QString &usage)
-{
-    QStringList units;
-    int depth = 0;
-    for (const QString &word : usage.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const bool value = !word.startsWith(QLatin1Char('-')) && !word.startsWith(QLatin1Char('['));
-        if (depth > 0 || (value && !units.isEmpty()))
-            units.last() += QLatin1Char(' ') + word;
-        else
-            units << word;
-        depth += int(word.count(QLatin1Char('['))) - int(word.count(QLatin1Char(']')));
-    }
-    return units;
-}
-
 // Terms and texts in two columns; a text's later lines under its first.
 QString termList(std::span<const TermSyntax> terms, int column)
 {
     QString list;
     for (const TermSyntax &term : terms) {
-        const QStringList lines = text(term.text).split(QLatin1Char('\n'));
-        list += QLatin1String("  ") + text(term.term).leftJustified(column - 3) + QLatin1Char(' ') + lines.first()
+        const QStringList lines = syntaxText(term.text).split(QLatin1Char('\n'));
+        list += QLatin1String("  ") + syntaxText(term.term).leftJustified(column - 3) + QLatin1Char(' ') + lines.first()
             + QLatin1Char('\n');
         for (const QString &line : lines.mid(1))
             list += QString(column, QLatin1Char(' ')) + line + QLatin1Char('\n');
@@ -144,6 +122,11 @@ QString termList(std::span<const TermSyntax> terms, int column)
 }
 
 } // namespace
+
+QString syntaxText(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
 
 std::span<const CommandSyntax> commandSyntax()
 {
@@ -173,14 +156,14 @@ std::span<const char *const> modeNames()
 const CommandSyntax *findCommand(QStringView name)
 {
     const auto found = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                    [name](const CommandSyntax &command) { return name == text(command.name); });
+                                    [name](const CommandSyntax &command) { return name == syntaxText(command.name); });
     return found == std::end(kCommands) ? nullptr : found;
 }
 
 const OptionSyntax *findOption(QStringView name)
 {
     const auto found = std::find_if(std::begin(kOptions), std::end(kOptions),
-                                    [name](const OptionSyntax &option) { return name == text(option.name); });
+                                    [name](const OptionSyntax &option) { return name == syntaxText(option.name); });
     return found == std::end(kOptions) ? nullptr : found;
 }
 
@@ -189,7 +172,7 @@ QList<FormOption> formOptions(const FormSyntax &form)
     QList<FormOption> options;
     int depth = 0;
     bool alternative = false;
-    for (QString word : text(form.usage).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    for (QString word : syntaxText(form.usage).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         const int opened = int(word.count(QLatin1Char('[')));
         const int closed = int(word.count(QLatin1Char(']')));
         word.remove(QLatin1Char('[')).remove(QLatin1Char(']'));
@@ -228,12 +211,27 @@ QStringList commandOptions(const CommandSyntax &command)
     return names;
 }
 
+QStringList usageUnits(const FormSyntax &form)
+{
+    QStringList units;
+    int depth = 0;
+    for (const QString &word : syntaxText(form.usage).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const bool value = !word.startsWith(QLatin1Char('-')) && !word.startsWith(QLatin1Char('['));
+        if (depth > 0 || (value && !units.isEmpty()))
+            units.last() += QLatin1Char(' ') + word;
+        else
+            units << word;
+        depth += int(word.count(QLatin1Char('['))) - int(word.count(QLatin1Char(']')));
+    }
+    return units;
+}
+
 QString usageLine(const CommandSyntax &command, const FormSyntax &form, int width)
 {
-    const QString head = QLatin1String("zrt ") + text(command.name);
+    const QString head = QLatin1String("zrt ") + syntaxText(command.name);
     QString lines = head;
     qsizetype current = head.size();
-    for (const QString &unit : usageUnits(text(form.usage))) {
+    for (const QString &unit : usageUnits(form)) {
         if (current + 1 + unit.size() > width && current > head.size()) {
             lines += QLatin1Char('\n') + QString(head.size(), QLatin1Char(' '));
             current = head.size();
@@ -251,7 +249,7 @@ QString programHelp()
                                   "Without a command, zrt opens the window (the program zrt-window) on a\n"
                                   "display. The commands need no display:\n");
     for (const CommandSyntax &command : kCommands)
-        help += QLatin1String("  ") + text(command.name).leftJustified(8) + QLatin1Char(' ') + text(command.summary)
+        help += QLatin1String("  ") + syntaxText(command.name).leftJustified(8) + QLatin1Char(' ') + syntaxText(command.summary)
             + QLatin1Char('\n');
     help += QStringLiteral("\n"
                            "zrt help COMMAND or zrt COMMAND --help tells more of each; zrt --version (-V)\n"

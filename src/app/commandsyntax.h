@@ -51,6 +51,9 @@ struct TermSyntax
     std::string_view text;
 };
 
+// The table's text as Qt's.
+QString syntaxText(std::string_view text);
+
 std::span<const CommandSyntax> commandSyntax();
 std::span<const OptionSyntax> optionSyntax();
 std::span<const TermSyntax> exitStatusSyntax();
@@ -76,6 +79,10 @@ bool formTakes(const FormSyntax &form, const QString &name);
 
 // Every option of the command's forms, each once, in usage order.
 QStringList commandOptions(const CommandSyntax &command);
+
+// A form's usage as the words printed together: an option with its value, or
+// a bracketed group.
+QStringList usageUnits(const FormSyntax &form);
 
 // "zrt COMMAND USAGE", broken before `width` columns with later lines
 // indented under the first option; never inside brackets.

@@ -6,11 +6,6 @@
 
 namespace {
 
-QString text(std::string_view view)
-{
-    return QString::fromUtf8(view.data(), qsizetype(view.size()));
-}
-
 // Text as roff prints it: backslashes and hyphens escaped, a line never taken
 // for a request.
 QString roff(QString text)
@@ -35,16 +30,14 @@ QString usageWord(const QString &word)
 // inside brackets or between an option and its value.
 QString synopsis(const CommandSyntax &command, const FormSyntax &form)
 {
-    QString roffed;
-    int depth = 0;
-    for (const QString &word : text(form.usage).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const bool value = !word.startsWith(QLatin1Char('-')) && !word.startsWith(QLatin1Char('['));
-        if (!roffed.isEmpty())
-            roffed += depth > 0 || value ? QLatin1String("\\ ") : QLatin1String("\n");
-        roffed += usageWord(word);
-        depth += int(word.count(QLatin1Char('['))) - int(word.count(QLatin1Char(']')));
+    QStringList units;
+    for (const QString &unit : usageUnits(form)) {
+        QStringList words = unit.split(QLatin1Char(' '));
+        for (QString &word : words)
+            word = usageWord(word);
+        units << words.join(QLatin1String("\\ "));
     }
-    return QStringLiteral(".SY \"zrt %1\"\n%2\n.YS\n").arg(text(command.name), roffed);
+    return QStringLiteral(".SY \"zrt %1\"\n%2\n.YS\n").arg(syntaxText(command.name), units.join(QLatin1Char('\n')));
 }
 
 QString synopses()
@@ -61,10 +54,10 @@ QString commands()
 {
     QString page;
     for (const CommandSyntax &command : commandSyntax()) {
-        page += QStringLiteral(".SS %1\n").arg(text(command.name));
+        page += QStringLiteral(".SS %1\n").arg(syntaxText(command.name));
         for (const FormSyntax &form : command.forms)
             page += synopsis(command, form);
-        page += QLatin1String(".PP\n") + roff(text(command.description)) + QLatin1Char('\n');
+        page += QLatin1String(".PP\n") + roff(syntaxText(command.description)) + QLatin1Char('\n');
     }
     return page;
 }
@@ -74,11 +67,11 @@ QString takenBy(const QString &option)
 {
     QStringList taking;
     for (const CommandSyntax &command : commandSyntax()) {
-        const QString name = QLatin1String("zrt ") + text(command.name);
+        const QString name = QLatin1String("zrt ") + syntaxText(command.name);
         QStringList forms;
         QStringList selectors;
         for (const FormSyntax &form : command.forms) {
-            const QString selector = QLatin1String("--") + text(form.selector);
+            const QString selector = QLatin1String("--") + syntaxText(form.selector);
             if (!form.selector.empty())
                 selectors << selector;
             if (formTakes(form, option))
@@ -99,11 +92,11 @@ QString options()
 {
     QString page;
     for (const OptionSyntax &option : optionSyntax()) {
-        const QString name = text(option.name);
+        const QString name = syntaxText(option.name);
         page += QStringLiteral(".TP\n\\fB\\-\\-%1\\fR").arg(roff(name));
         if (!option.value.empty())
-            page += QStringLiteral(" \\fI%1\\fR").arg(text(option.value));
-        page += QLatin1Char('\n') + roff(text(option.description)) + QLatin1Char('\n') + roff(takenBy(name))
+            page += QStringLiteral(" \\fI%1\\fR").arg(syntaxText(option.value));
+        page += QLatin1Char('\n') + roff(syntaxText(option.description)) + QLatin1Char('\n') + roff(takenBy(name))
             + QLatin1Char('\n');
     }
     return page;
@@ -113,7 +106,7 @@ QString terms(std::span<const TermSyntax> terms)
 {
     QString page;
     for (const TermSyntax &term : terms)
-        page += QStringLiteral(".TP\n.B %1\n%2\n").arg(roff(text(term.term)), roff(text(term.text)));
+        page += QStringLiteral(".TP\n.B %1\n%2\n").arg(roff(syntaxText(term.term)), roff(syntaxText(term.text)));
     return page;
 }
 

@@ -6,11 +6,6 @@
 
 namespace {
 
-QString text(std::string_view view)
-{
-    return QString::fromUtf8(view.data(), qsizetype(view.size()));
-}
-
 // What _zrt_value prints for a value of this kind.
 QString valueWords(ValueKind kind)
 {
@@ -48,12 +43,12 @@ QString completionSyntax()
     QString forms;
     QString alternatives;
     for (const CommandSyntax &command : commandSyntax()) {
-        const QString name = text(command.name);
+        const QString name = syntaxText(command.name);
         commands << name;
         QStringList formLines;
         QStringList groups;
         for (const FormSyntax &form : command.forms) {
-            QStringList words{form.selector.empty() ? QStringLiteral("-") : QLatin1String("--") + text(form.selector)};
+            QStringList words{form.selector.empty() ? QStringLiteral("-") : QLatin1String("--") + syntaxText(form.selector)};
             for (const FormOption &option : formOptions(form)) {
                 const QString group = QLatin1String("--") + option.names.join(QLatin1String(" --"));
                 words << group;
@@ -75,7 +70,7 @@ QString completionSyntax()
         auto same = std::find_if(values.begin(), values.end(), [&](const auto &value) { return value.first == words; });
         if (same == values.end())
             same = values.insert(values.end(), {words, {}});
-        same->second << QLatin1String("--") + text(option.name);
+        same->second << QLatin1String("--") + syntaxText(option.name);
     }
     QString valueArms;
     for (const auto &[words, options] : values)
