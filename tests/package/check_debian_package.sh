@@ -114,29 +114,38 @@ expect "report.jsonl reports" "" run --report re
 expect "reports" "report.jsonl" run --all --report-dir re
 
 stage "completion offers nothing that zrt refuses"
+# shellcheck source=/dev/null
+source "$bash_completion"
 refusal() { # what zrt says when it refuses an option as unknown or as not going with the others
-    (cd "$out/cwd" && "$zrt" "$@" 2>&1 >/dev/null | grep -E "Unknown option|go with") || true
+    local said
+    said=$(cd "$out/cwd" && "$zrt" "$@" 2>&1 >/dev/null) || true
+    [[ $said != *"Unknown option"* && $said != *"go with"* ]] || echo "$said"
 }
-walk() { # command, first options: types every word offered in turn, checking each
-    local command=$1 takes_value typed=() word refused
+walk() { # command, first options: types the words the completion offers one after another
+    local command=$1 takes_value typed=() word next refused
+    local -A offered_after=() # each word offered, and the words typed when it was last offered
     shift
     takes_value=" $("$zrt" help "$command" | grep -o -- '--[a-z-]* <' | tr -d '<' | paste -sd' ') "
+    with_value() { echo "$1"; [[ $takes_value != *" $1 "* ]] || echo x; }
     for word in "$@"; do
-        typed+=("$word")
-        [[ $takes_value != *" $word "* ]] || typed+=(x)
+        mapfile -t -O "${#typed[@]}" typed < <(with_value "$word")
     done
     while :; do
-        local next=""
-        for word in $(offered "$command" "${typed[@]}" ""); do
-            local with=("${typed[@]}" "$word")
-            [[ $takes_value != *" $word "* ]] || with+=(x)
-            refused=$(refusal "$command" "${with[@]}")
-            [ -z "$refused" ] || fail "'zrt $command ${with[*]}' is offered but refused: $refused"
+        next=""
+        for word in $(_zrt_words "$command" "${typed[@]}"); do
+            offered_after[$word]="${typed[*]}"
             [ -n "$next" ] || [ "$word" = --help ] || next=$word
         done
         [ -n "$next" ] || break
-        typed+=("$next")
-        [[ $takes_value != *" $next "* ]] || typed+=(x)
+        mapfile -t -O "${#typed[@]}" typed < <(with_value "$next")
+    done
+    # What zrt refuses it refuses the more so after more words: each word is
+    # tried after the most words it was offered after.
+    for word in "${!offered_after[@]}"; do
+        # shellcheck disable=SC2206
+        local with=(${offered_after[$word]} $(with_value "$word"))
+        refused=$(refusal "$command" "${with[@]}")
+        [ -z "$refused" ] || fail "'zrt $command ${with[*]}' is offered but refused: $refused"
     done
     walked+=" ${typed[*]} "
 }
@@ -144,8 +153,8 @@ for command in script list run plan check; do
     walked=""
     walk "$command"
     # Then from each first word that the walk left behind: another form, an alternative.
-    for word in $(offered "$command" ""); do
-        [[ $walked == *" $word "* ]] || walk "$command" "$word"
+    for word in $(_zrt_words "$command"); do
+        [[ $walked == *" $word "* ]] || [ "$word" = --help ] || walk "$command" "$word"
     done
 done
 
