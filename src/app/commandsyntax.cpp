@@ -242,6 +242,35 @@ QString usageLine(const CommandSyntax &command, const FormSyntax &form, int widt
     return lines;
 }
 
+QStringList syntaxFaults()
+{
+    QStringList faults;
+    for (const CommandSyntax &command : kCommands) {
+        for (const FormSyntax &form : command.forms) {
+            const QString where = QLatin1String("zrt ") + syntaxText(command.name) + QLatin1String(": ");
+            const QString usage = syntaxText(form.usage);
+            if (!form.selector.empty() && !usage.startsWith(QLatin1String("--") + syntaxText(form.selector) + QLatin1Char(' ')))
+                faults << where + QLatin1String("a form does not begin with its switch");
+            QStringList words = usage.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            for (QString &word : words)
+                word.remove(QLatin1Char('[')).remove(QLatin1Char(']'));
+            for (qsizetype i = 0; i < words.size(); ++i) {
+                if (!words[i].startsWith(QLatin1String("--")))
+                    continue;
+                const QString next = words.value(i + 1);
+                const QString value = next.startsWith(QLatin1Char('-')) || next == QLatin1String("|") ? QString() : next;
+                const OptionSyntax *option = findOption(QStringView(words[i]).mid(2));
+                if (!option)
+                    faults << where + words[i] + QLatin1String(" has no option row");
+                else if (value != syntaxText(option->value))
+                    faults << where + words[i] + QLatin1String(" takes ") + syntaxText(option->value) + QLatin1String(", not ")
+                            + value;
+            }
+        }
+    }
+    return faults;
+}
+
 QString programHelp()
 {
     QString help = QStringLiteral("Usage: zrt [COMMAND] [OPTIONS]\n"

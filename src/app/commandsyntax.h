@@ -88,5 +88,9 @@ QStringList usageUnits(const FormSyntax &form);
 // indented under the first option; never inside brackets.
 QString usageLine(const CommandSyntax &command, const FormSyntax &form, int width = 79);
 
+// What in the table does not fit together: a usage naming an option that has
+// no row, or a value other than the row's, or a form not led by its switch.
+QStringList syntaxFaults();
+
 // The program's help: its commands, exit statuses and environment.
 QString programHelp();

@@ -2,6 +2,7 @@
 // and the shell completion.
 //   zrt-docs manual TEMPLATE OUTPUT VERSION DATE
 //   zrt-docs completion TEMPLATE WORDS OUTPUT
+#include "commandsyntax.h"
 #include "manualpage.h"
 #include "shellcompletion.h"
 
@@ -25,6 +26,11 @@ QString fileText(const QString &path)
 
 int main(int argc, char *argv[])
 {
+    // A table that does not fit together fails the build, not a user's command.
+    if (const QStringList faults = syntaxFaults(); !faults.isEmpty()) {
+        std::fprintf(stderr, "zrt-docs: %s\n", qPrintable(faults.join(QLatin1String("\nzrt-docs: "))));
+        return 1;
+    }
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
