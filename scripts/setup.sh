@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Installs what is missing, registers the ODBC drivers and builds in build/.
+# Installs what is missing, registers the ODBC drivers and builds in build/
+# the given targets, or everything.
 # A second call installs and rebuilds nothing that is already there.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 bash scripts/install_missing.sh cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev unixodbc \
-    unixodbc-dev odbcinst tdsodbc libsqliteodbc help2man
+    unixodbc-dev odbcinst tdsodbc libsqliteodbc
 
 register_driver() { # name, library file
     if ! odbcinst -q -d -n "$1" >/dev/null 2>&1; then
@@ -19,4 +20,8 @@ register_driver FreeTDS libtdsodbc.so
 register_driver SQLite3 libsqlite3odbc.so
 
 [ -f build/CMakeCache.txt ] || cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo
-cmake --build build -j"$(nproc)"
+targets=()
+for target in "$@"; do
+    targets+=(--target "$target")
+done
+cmake --build build -j"$(nproc)" "${targets[@]}"

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 # What only the tests use: the package's checkers, and a browser in which the
 # report index is checked as it renders.
-bash scripts/install_missing.sh lintian desktop-file-utils man-db chromium
+bash scripts/install_missing.sh lintian desktop-file-utils man-db zsh chromium
 bash scripts/setup.sh
 cd build
 ctest --output-on-failure --no-tests=error

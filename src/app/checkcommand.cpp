@@ -12,18 +12,6 @@
 
 namespace {
 
-constexpr char kDescription[] =
-    "zrt check --mode MODE --database NAME [--server NAME | --odbc STRING] [--json]\n"
-    "zrt check --all --mode MODE --server NAME [--json]\n"
-    "\n"
-    "Compares the database's tables, columns and views with what a run leaves\n"
-    "and lists what is missing or of another type or width. Tables, columns and\n"
-    "views of its own are listed as left alone; views that read a table no run\n"
-    "creates and the database lacks are listed as not installable here. Neither\n"
-    "counts as a difference. Only reads: it sends nothing but Selects. With --all\n"
-    "every database the server lists is checked, one line each. Exit 0 when the\n"
-    "database matches, 1 when it differs, 4 when it cannot be opened or read.";
-
 QString columnName(const ColumnFinding &finding)
 {
     return finding.table + QLatin1Char('.') + finding.column;
@@ -196,17 +184,11 @@ int checkAll(const QCommandLineParser &parser, const QString &mode, bool json, C
 int checkCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    addDatabaseOptions(parser);
-    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of the report.")});
-    parser.addOption({QStringLiteral("all"), QStringLiteral("Check every database that the server lists.")});
-    if (const std::optional<int> exit =
-            parseOptions(parser, QStringLiteral("check"), QString::fromLatin1(kDescription), arguments, context))
+    if (const std::optional<int> exit = parseOptions(parser, QStringLiteral("check"), arguments, context))
         return *exit;
-    if (!checkedForm(parser, QStringLiteral("check"), {"database", "odbc"}, {}, context))
-        return kExitUsage;
     const bool json = parser.isSet(QStringLiteral("json"));
     if (!parser.isSet(QStringLiteral("all")))
         return checkOne(parser, json, context);
-    const std::optional<QString> mode = checkedMode(parser, context);
+    const std::optional<QString> mode = checkedMode(parser, QStringLiteral("check"), context);
     return mode ? checkAll(parser, *mode, json, context) : kExitUsage;
 }

@@ -1,6 +1,8 @@
 #include "commandline.h"
 
 #include "checkcommand.h"
+#include "commandoptions.h"
+#include "commandsyntax.h"
 #include "exitstatus.h"
 #include "listcommand.h"
 #include "printabletext.h"
@@ -12,35 +14,26 @@
 
 namespace {
 
-constexpr char kProgramHelp[] =
-    "Usage: zrt [COMMAND] [OPTIONS]\n"
-    "\n"
-    "Without a command, zrt opens its window. Commands run without a display:\n"
-    "  script   write every statement a run sends to an empty database\n"
-    "  list     list the Quorvex databases of a server\n"
-    "  run      run the maintenance on one database, with a summary and a report\n"
-    "  plan     what a run would do to a database: run, then rolled back\n"
-    "  check    list what a database lacks of what a run leaves; changes nothing\n"
-    "\n"
-    "zrt COMMAND --help tells more of each; zrt --version prints the version.\n"
-    "\n"
-    "Exit status, the same for every command:\n"
-    "  0    success (check: the database matches)\n"
-    "  1    check: the database differs\n"
-    "  2    bad usage\n"
-    "  3    statements failed unexpectedly or timed out, the run stopped part-way\n"
-    "       (connection lost, preview stopped), or a file could not be written\n"
-    "  4    nothing could be applied or read: no connection, no database\n"
-    "  130  interrupted\n"
-    "With --all, the most serious status of any database.\n"
-    "\n"
-    "Environment:\n"
-    "  ZRT_ODBC_DRIVER     the ODBC driver that reaches SQL Server (default FreeTDS)\n"
-    "  ZRT_ONLINE_SERVER   the host of the hosted server of ONLINE mode\n"
-    "  ZRT_ENCRYPT         request (default) or require an encrypted connection;\n"
-    "                      use require with the hosted ONLINE server\n"
-    "  ZRT_ODBC            an ODBC connection string used as --odbc is, where\n"
-    "                      neither --odbc nor --server is given\n";
+// zrt help [COMMAND]
+int helpCommand(const QStringList &arguments, CommandContext &context)
+{
+    if (arguments.isEmpty()) {
+        context.out << programHelp();
+        return kExitOk;
+    }
+    const bool ownHelp = arguments.first() == QLatin1String("--help") || arguments.first() == QLatin1String("-h");
+    const CommandSyntax *command = findCommand(ownHelp ? QStringLiteral("help") : arguments.first());
+    if (!command) {
+        context.err << "zrt help: unknown command '" << escapedControls(arguments.first()) << "'\n";
+        return kExitUsage;
+    }
+    if (arguments.size() > 1) {
+        context.err << "zrt help: unexpected argument '" << escapedControls(arguments[1]) << "'\n";
+        return kExitUsage;
+    }
+    context.out << commandHelp(*command);
+    return kExitOk;
+}
 
 } // namespace
 
@@ -58,6 +51,8 @@ int dispatch(const QString &command, const QStringList &rest, CommandContext &co
         return planCommand(rest, context);
     if (command == QLatin1String("check"))
         return checkCommand(rest, context);
+    if (command == QLatin1String("help"))
+        return helpCommand(rest, context);
     return -1;
 }
 
@@ -80,16 +75,16 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         return withLostReport(status, true);
     }
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
-        context.out << kProgramHelp;
+        context.out << programHelp();
         return kExitOk;
     }
-    if (command == QLatin1String("--version")) {
+    if (command == QLatin1String("--version") || command == QLatin1String("-V") || command == QLatin1String("version")) {
         context.out << "zrt " << programVersion() << "\n";
         return kExitOk;
     }
     if (arguments.size() < 2)
-        context.err << "zrt: no display to open the window on; give a command\n\n" << kProgramHelp;
+        context.err << "zrt: no display to open the window on; give a command\n\n" << programHelp();
     else
-        context.err << "zrt: unknown command '" << escapedControls(command) << "'\n\n" << kProgramHelp;
+        context.err << "zrt: unknown command '" << escapedControls(command) << "'\n\n" << programHelp();
     return kExitUsage;
 }

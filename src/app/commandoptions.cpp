@@ -1,5 +1,6 @@
 #include "commandoptions.h"
 
+#include "commandsyntax.h"
 #include "connectionprofiles.h"
 #include "odbckeywords.h"
 #include "printabletext.h"
@@ -29,22 +30,82 @@ std::optional<QString> otherDatabase(const QString &odbc, const QString &databas
     return std::nullopt;
 }
 
+void addCommandOptions(QCommandLineParser &parser, const CommandSyntax &command)
+{
+    QStringList usage;
+    for (const FormSyntax &form : command.forms)
+        usage << usageLine(command, form);
+    parser.setApplicationDescription(usage.join(QLatin1Char('\n')) + QLatin1String("\n\n") + syntaxText(command.description));
+    parser.addOption({QStringList{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
+    for (const QString &name : commandOptions(command)) {
+        const OptionSyntax &option = *findOption(name);
+        parser.addOption({name, syntaxText(option.description), syntaxText(option.value)});
+    }
+}
+
+// The form the options given select: the one whose switch is set, else the usual one.
+const FormSyntax &chosenForm(const QCommandLineParser &parser, const CommandSyntax &command)
+{
+    const FormSyntax *chosen = &command.forms.front();
+    for (const FormSyntax &form : command.forms) {
+        if (!form.selector.empty() && parser.isSet(syntaxText(form.selector)))
+            chosen = &form;
+    }
+    return *chosen;
+}
+
+// Why the options given make none of the command's forms, or nothing: an
+// option of another form, two alternatives, or a required option missing.
+QString formRefusal(const QCommandLineParser &parser, const CommandSyntax &command)
+{
+    const FormSyntax &chosen = chosenForm(parser, command);
+    const QString selector = syntaxText(chosen.selector);
+    for (const QString &given : parser.optionNames()) {
+        if (formTakes(chosen, given) || given == QLatin1String("h") || given == QLatin1String("help"))
+            continue;
+        if (!selector.isEmpty())
+            return QStringLiteral("--%1 does not go with --%2").arg(given, selector);
+        for (const FormSyntax &form : command.forms) {
+            if (formTakes(form, given))
+                return QStringLiteral("--%1 goes with --%2").arg(given, syntaxText(form.selector));
+        }
+    }
+    for (const FormOption &option : formOptions(chosen)) {
+        QStringList given;
+        for (const QString &name : option.names) {
+            if (parser.isSet(name))
+                given << name;
+        }
+        if (given.size() > 1)
+            return QStringLiteral("--%1 does not go with --%2").arg(given[1], given[0]);
+        if (option.required && given.isEmpty())
+            return selector.isEmpty() ? QStringLiteral("missing --%1").arg(option.names.first())
+                                      : QStringLiteral("--%1 needs --%2").arg(selector, option.names.first());
+    }
+    return QString();
+}
+
 } // namespace
 
-std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QString &description,
-                                const QStringList &arguments, CommandContext &context)
+QString commandHelp(const CommandSyntax &command)
 {
-    parser.setApplicationDescription(description);
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Show this help."));
-    parser.addOption(help);
+    QCommandLineParser parser;
+    addCommandOptions(parser, command);
+    // Past Qt's own usage line, which names the executable's path.
+    return parser.helpText().section(QLatin1Char('\n'), 1);
+}
+
+std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QStringList &arguments,
+                                CommandContext &context)
+{
+    const CommandSyntax &syntax = *findCommand(command);
+    addCommandOptions(parser, syntax);
     if (!parser.parse(QStringList{QLatin1String("zrt ") + command} + arguments)) {
         context.err << "zrt " << command << ": " << escapedControls(parser.errorText()) << "\n";
         return kExitUsage;
     }
-    if (parser.isSet(help)) {
-        // Past Qt's own usage line, which names the executable's path.
-        context.out << parser.helpText().section(QLatin1Char('\n'), 1);
+    if (parser.isSet(QStringLiteral("help"))) {
+        context.out << commandHelp(syntax);
         return kExitOk;
     }
     if (!parser.positionalArguments().isEmpty()) {
@@ -52,37 +113,28 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
                     << escapedControls(parser.positionalArguments().first()) << "'\n";
         return kExitUsage;
     }
+    if (const QString refusal = formRefusal(parser, syntax); !refusal.isEmpty()) {
+        context.err << "zrt " << command << ": " << refusal << "\n";
+        return kExitUsage;
+    }
+    // Wherever a server is named: the ODBC driver would read these as more of its keywords.
+    if (const QString server = parser.value(QStringLiteral("server")); holdsKeywordCharacters(server)) {
+        context.err << "zrt " << command << ": the server name '" << escapedControls(server)
+                    << "' holds one of ; { } =, which the ODBC driver would read as more of its keywords\n";
+        return kExitUsage;
+    }
     return std::nullopt;
 }
 
-std::optional<QString> requiredValue(const QCommandLineParser &parser, const QString &name, CommandContext &context)
+std::optional<QString> checkedMode(const QCommandLineParser &parser, const QString &command, CommandContext &context)
 {
-    if (!parser.isSet(name)) {
-        context.err << "zrt: missing --" << name << "\n";
-        return std::nullopt;
+    const QString mode = parser.value(QStringLiteral("mode"));
+    for (const char *name : modeNames()) {
+        if (mode.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
+            return QString::fromLatin1(name);
     }
-    return parser.value(name);
-}
-
-std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandContext &context)
-{
-    const std::optional<QString> mode = requiredValue(parser, QStringLiteral("mode"), context);
-    if (mode && !ConnectionProfiles::prefix(*mode)) {
-        context.err << "zrt: unknown mode '" << escapedControls(*mode) << "' (OFFLINE, LOCAL or ONLINE)\n";
-        return std::nullopt;
-    }
-    return mode;
-}
-
-void addDatabaseOptions(QCommandLineParser &parser)
-{
-    parser.addOption({QStringLiteral("mode"), QStringLiteral("OFFLINE, LOCAL or ONLINE."), QStringLiteral("MODE")});
-    parser.addOption({QStringLiteral("database"), QStringLiteral("The database."), QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("server"), QStringLiteral("The server (default: the local default instance)."),
-                      QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("odbc"),
-                      QStringLiteral("A complete ODBC connection string instead of a server (OFFLINE or LOCAL mode)."),
-                      QStringLiteral("STRING")});
+    context.err << "zrt " << command << ": unknown mode '" << escapedControls(mode) << "' (OFFLINE, LOCAL or ONLINE)\n";
+    return std::nullopt;
 }
 
 std::optional<QString> givenOdbc(const QCommandLineParser &parser)
@@ -124,16 +176,6 @@ QString targetName(const QCommandLineParser &parser)
     return server.isEmpty() ? QStringLiteral("the local default instance") : QLatin1String("server ") + server;
 }
 
-bool checkedServer(const QCommandLineParser &parser, const QString &command, CommandContext &context)
-{
-    const QString server = parser.value(QStringLiteral("server"));
-    if (!holdsKeywordCharacters(server))
-        return true;
-    context.err << "zrt " << command << ": the server name '" << escapedControls(server)
-                << "' holds one of ; { } =, which the ODBC driver would read as more of its keywords\n";
-    return false;
-}
-
 QString headerLine(const QString &command, const QString &subject, const QDateTime &started)
 {
     return QStringLiteral("zrt %1 %2: %3, started %4\n")
@@ -143,18 +185,12 @@ QString headerLine(const QString &command, const QString &subject, const QDateTi
 std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &parser, const QString &command,
                                                     CommandContext &context)
 {
-    const std::optional<QString> mode = checkedMode(parser, context);
+    const std::optional<QString> mode = checkedMode(parser, command, context);
     if (!mode)
         return std::nullopt;
-    const std::optional<QString> database = requiredValue(parser, QStringLiteral("database"), context);
-    if (!database)
-        return std::nullopt;
-    if (database->isEmpty()) {
+    const QString database = parser.value(QStringLiteral("database"));
+    if (database.isEmpty()) {
         context.err << "zrt " << command << ": --database names no database\n";
-        return std::nullopt;
-    }
-    if (parser.isSet(QStringLiteral("odbc")) && parser.isSet(QStringLiteral("server"))) {
-        context.err << "zrt " << command << ": give --server or --odbc, not both\n";
         return std::nullopt;
     }
     const std::optional<QString> odbc = givenOdbc(parser);
@@ -165,29 +201,10 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
     }
     // The program names the database at login; a string naming another
     // would send the run there instead.
-    if (const std::optional<QString> other = odbc ? otherDatabase(*odbc, *database) : std::nullopt) {
+    if (const std::optional<QString> other = odbc ? otherDatabase(*odbc, database) : std::nullopt) {
         context.err << "zrt " << command << ": the ODBC string names the database '" << escapedControls(*other)
-                    << "', not '" << escapedControls(*database) << "' of --database\n";
+                    << "', not '" << escapedControls(database) << "' of --database\n";
         return std::nullopt;
     }
-    if (!checkedServer(parser, command, context))
-        return std::nullopt;
-    return DatabaseChoice{*mode, *database, parser.value(QStringLiteral("server"))};
-}
-
-bool checkedForm(const QCommandLineParser &parser, const QString &command, const QStringList &oneOnly,
-                 const QStringList &allOnly, CommandContext &context)
-{
-    const bool all = parser.isSet(QStringLiteral("all"));
-    for (const QString &option : all ? oneOnly : allOnly) {
-        if (parser.isSet(option)) {
-            context.err << "zrt " << command << ": --" << option << (all ? " does not go with --all\n" : " goes with --all\n");
-            return false;
-        }
-    }
-    if (all && !parser.isSet(QStringLiteral("server"))) {
-        context.err << "zrt " << command << ": --all needs --server\n";
-        return false;
-    }
-    return !all || checkedServer(parser, command, context);
+    return DatabaseChoice{*mode, database, parser.value(QStringLiteral("server"))};
 }

@@ -10,13 +10,16 @@
 // How long a statement may take before it counts as failed, unless told otherwise.
 inline constexpr int kDefaultStatementSeconds = 30;
 
-// Parses a subcommand's options. Prints its help, or the bad argument, and
-// gives the exit status to end with; nothing when the command may go on.
-std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QString &description,
-                                const QStringList &arguments, CommandContext &context);
+struct CommandSyntax;
 
-// --mode, --database, --server and --odbc: the options run and check share.
-void addDatabaseOptions(QCommandLineParser &parser);
+// Parses a subcommand's options as its syntax gives them. Prints its help, or
+// the bad argument or the option that does not fit its form, and gives the
+// exit status to end with; nothing when the command may go on.
+std::optional<int> parseOptions(QCommandLineParser &parser, const QString &command, const QStringList &arguments,
+                                CommandContext &context);
+
+// What `zrt COMMAND --help` prints.
+QString commandHelp(const CommandSyntax &command);
 
 struct DatabaseChoice
 {
@@ -28,11 +31,6 @@ struct DatabaseChoice
 // The shared options' values, else a usage message naming what is wrong.
 std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &parser, const QString &command,
                                                     CommandContext &context);
-
-// With --all: a --server and none of `oneOnly`; without it: none of `allOnly`.
-// Else a usage message.
-bool checkedForm(const QCommandLineParser &parser, const QString &command, const QStringList &oneOnly,
-                 const QStringList &allOnly, CommandContext &context);
 
 // The ODBC string the operator gave: --odbc's, else ZRT_ODBC's where no
 // --server is given, so that a password need not show in the process list.
@@ -47,9 +45,6 @@ ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandCon
 // --odbc string with its password masked.
 QString targetName(const QCommandLineParser &parser);
 
-// True unless --server holds a character the ODBC driver would read as more
-// keywords; else a usage message.
-bool checkedServer(const QCommandLineParser &parser, const QString &command, CommandContext &context);
 
 // The first line of a command's output: the program's version, what it works
 // on and when it started.
@@ -60,8 +55,5 @@ QString headerLine(const QString &command, const QString &subject, const QDateTi
 std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, const QString &command,
                                            CommandContext &context);
 
-// The mode's value when it is one of the three, else a usage message.
-std::optional<QString> checkedMode(const QCommandLineParser &parser, CommandContext &context);
-
-// A required option's value, else a usage message.
-std::optional<QString> requiredValue(const QCommandLineParser &parser, const QString &name, CommandContext &context);
+// The mode given, in any letter case, as the upper-case mode; else a usage message.
+std::optional<QString> checkedMode(const QCommandLineParser &parser, const QString &command, CommandContext &context);

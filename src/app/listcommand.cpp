@@ -11,32 +11,25 @@
 int listCommand(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-    parser.addOption({QStringLiteral("mode"), QStringLiteral("OFFLINE, LOCAL or ONLINE."), QStringLiteral("MODE")});
-    parser.addOption({QStringLiteral("server"), QStringLiteral("The server to list."), QStringLiteral("NAME")});
-    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of one name a line.")});
-    if (const std::optional<int> exit = parseOptions(
-            parser, QStringLiteral("list"),
-            QStringLiteral("zrt list --mode MODE --server NAME [--json]\n\nPrints the Quorvex databases of the server, "
-                           "one per line, as the window lists them. Exit 4 when the server cannot be reached."),
-            arguments, context))
+    if (const std::optional<int> exit = parseOptions(parser, QStringLiteral("list"), arguments, context))
         return *exit;
-    const std::optional<QString> mode = checkedMode(parser, context);
-    const std::optional<QString> server = requiredValue(parser, QStringLiteral("server"), context);
-    if (!mode || !server || !checkedServer(parser, QStringLiteral("list"), context))
+    const std::optional<QString> mode = checkedMode(parser, QStringLiteral("list"), context);
+    if (!mode)
         return kExitUsage;
+    const QString server = parser.value(QStringLiteral("server"));
 
     const bool json = parser.isSet(QStringLiteral("json"));
     QStringList names;
-    const ListingOutcome outcome = listDatabases(*mode, *server, context.sqlServer(kDefaultStatementSeconds), [&](const QString &name) {
+    const ListingOutcome outcome = listDatabases(*mode, server, context.sqlServer(kDefaultStatementSeconds), [&](const QString &name) {
         names << name;
         if (!json)
             context.out << escapedControls(name) << "\n";
     });
     const int status = outcome.failed() ? kExitNothingDone : kExitOk;
-    const QString error = outcome.failed() ? listingFailureText(outcome, QLatin1String("server ") + *server) : QString();
+    const QString error = outcome.failed() ? listingFailureText(outcome, QLatin1String("server ") + server) : QString();
     if (json) {
         QJsonObject document{{QStringLiteral("mode"), *mode},
-                             {QStringLiteral("server"), *server},
+                             {QStringLiteral("server"), server},
                              {QStringLiteral("databases"), QJsonArray::fromStringList(names)},
                              {QStringLiteral("exit"), status}};
         if (outcome.failed())

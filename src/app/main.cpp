@@ -1,7 +1,8 @@
 #include "commandline.h"
+#include "commandsyntax.h"
 #include "lastwords.h"
 #include "odbcconnection.h"
-#include "windowmain.h"
+#include "windowlauncher.h"
 
 #include <QCoreApplication>
 
@@ -52,14 +53,6 @@ void handleSignals()
         ::sigaction(number, &action, nullptr);
 }
 
-// Somewhere for the window to appear: an X or Wayland display, or a platform
-// chosen outright (offscreen).
-bool hasDisplay()
-{
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-}
-
 OdbcTimeouts timeouts(int statementSeconds)
 {
     OdbcTimeouts timeouts;
@@ -72,14 +65,15 @@ OdbcTimeouts timeouts(int statementSeconds)
 int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("ZRT"));
-    if (argc < 2 && hasDisplay())
-        return runWindow(argc, argv);
-
     // With a command the program runs headless: no display is needed. Without
-    // one and without a display it prints its usage.
+    // one it starts the window where there is a display, else prints its usage.
     QCoreApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);
+    if (argc < 2 && hasDisplay()) {
+        err << "zrt: cannot start the window: " << execWindow() << "; give a command\n\n" << programHelp();
+        return kExitUsage;
+    }
     handleSignals();
     CommandContext context{out, err,
                            [](int statementSeconds) { return sqlServerConnections(timeouts(statementSeconds)); },

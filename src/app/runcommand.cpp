@@ -12,41 +12,6 @@
 
 namespace {
 
-constexpr char kDescription[] =
-    "zrt run --mode MODE --database NAME [--server NAME | --odbc STRING]\n"
-    "        [--create-at FILEBASE] [--report FILE] [--json | --quiet | --verbose]\n"
-    "zrt run --all --mode MODE --server NAME [--jobs N] [--report-dir DIR] [--json]\n"
-    "\n"
-    "Runs the maintenance on one database, as the window does, and prints what\n"
-    "its statements did, failures grouped by message. ONLINE mode opens only on\n"
-    "the servers QUORVEXMAIN and SERVER; on any other nothing is sent (exit 4).\n"
-    "With --odbc every open, the fallback on tempdb included, uses the given ODBC\n"
-    "connection string; the database is named at login. A database that is\n"
-    "missing is created only with --create-at, on the chosen server; otherwise\n"
-    "nothing is sent (exit 4). The run never goes on in the fallback on tempdb. With --all every database that the server lists is\n"
-    "run, each on its own connection, with a line for each as it ends; Ctrl-C\n"
-    "starts no further run and stops the running ones after their current\n"
-    "statement. A lost connection ends the run. Exit 0 completed, 3 statements\n"
-    "failed unexpectedly or timed out, the connection was lost or a file could not\n"
-    "be written, 4 nothing could be applied, 130 interrupted.";
-
-constexpr char kPlanDescription[] =
-    "zrt plan --mode MODE --database NAME [--server NAME | --odbc STRING]\n"
-    "         [--create-at FILEBASE] [--report FILE] [--json | --quiet | --verbose]\n"
-    "zrt plan --all --mode MODE --server NAME [--jobs N] [--report-dir DIR] [--json]\n"
-    "\n"
-    "Shows what a run would do to the database, in the run's own words, and\n"
-    "leaves it as it was: it opens the database as run does, turns autocommit\n"
-    "off, sends exactly the run's statements (each guard sees what the earlier\n"
-    "statements did) and rolls everything back; it never commits. It also names\n"
-    "the rows the run would discard. A database that is missing is reported as\n"
-    "one that a run would create (with --create-at, by the statement shown);\n"
-    "nothing is sent. A preview holds the same locks as a run until it\n"
-    "rolls back: the application's users wait for it as for a run. Exit codes as\n"
-    "run: 0 the run would complete, 3 statements would fail unexpectedly or the\n"
-    "preview stopped (once the server has ended its transaction, or will not say,\n"
-    "nothing more is sent), 4 nothing could be read, 130 interrupted.";
-
 // What `run` and `plan` share but their names and whether they roll back.
 struct Command
 {
@@ -183,48 +148,14 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     return status;
 }
 
-int maintenanceCommand(const Command &command, const char *description, const QStringList &arguments,
-                       CommandContext &context)
+int maintenanceCommand(const Command &command, const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
-
-
-    addDatabaseOptions(parser);
-    parser.addOption({QStringLiteral("create-at"),
-                      QStringLiteral("Create a database that cannot be opened, with its files at FILEBASE.mdf and "
-                                     "FILEBASE_Log.ldf, named after FILEBASE's file name."),
-                      QStringLiteral("FILEBASE")});
-    parser.addOption({QStringLiteral("report"),
-                      QStringLiteral("Write the run's context, one JSON object per statement and its end to FILE."),
-                      QStringLiteral("FILE")});
-    parser.addOption({QStringLiteral("statement-timeout"),
-                      QStringLiteral("A statement still running after SECONDS fails as timed out and the run goes on "
-                                     "(default 30; 0 waits for ever)."),
-                      QStringLiteral("SECONDS")});
-    parser.addOption({QStringLiteral("json"), QStringLiteral("Print one JSON document instead of text.")});
-    parser.addOption({QStringLiteral("quiet"), QStringLiteral("Print only the header, the outcome and errors.")});
-    parser.addOption({QStringLiteral("verbose"), QStringLiteral("List every failure, not the first 20 messages.")});
-    parser.addOption({QStringLiteral("all"), QStringLiteral("Run every database that the server lists.")});
-    parser.addOption({QStringLiteral("jobs"), QStringLiteral("With --all: at most N runs at once (default 4)."),
-                      QStringLiteral("N")});
-    parser.addOption({QStringLiteral("report-dir"),
-                      QStringLiteral("With --all: one report per database, index.json and index.html in DIR."),
-                      QStringLiteral("DIR")});
-    if (const std::optional<int> exit =
-            parseOptions(parser, command.name, QString::fromLatin1(description), arguments, context))
+    if (const std::optional<int> exit = parseOptions(parser, command.name, arguments, context))
         return *exit;
-    if (int(parser.isSet(QStringLiteral("json"))) + int(parser.isSet(QStringLiteral("quiet")))
-            + int(parser.isSet(QStringLiteral("verbose")))
-        > 1) {
-        context.err << "zrt " << command.name << ": give one of --json, --quiet and --verbose\n";
-        return kExitUsage;
-    }
-    if (!checkedForm(parser, command.name, {"database", "odbc", "create-at", "report", "quiet", "verbose"},
-                     {"jobs", "report-dir"}, context))
-        return kExitUsage;
     if (!parser.isSet(QStringLiteral("all")))
         return runOne(parser, command, context);
-    const std::optional<QString> mode = checkedMode(parser, context);
+    const std::optional<QString> mode = checkedMode(parser, command.name, context);
     return mode ? runAllCommand(parser, *mode, command.preview, context) : kExitUsage;
 }
 
@@ -232,10 +163,10 @@ int maintenanceCommand(const Command &command, const char *description, const QS
 
 int runCommand(const QStringList &arguments, CommandContext &context)
 {
-    return maintenanceCommand({QStringLiteral("run"), false}, kDescription, arguments, context);
+    return maintenanceCommand({QStringLiteral("run"), false}, arguments, context);
 }
 
 int planCommand(const QStringList &arguments, CommandContext &context)
 {
-    return maintenanceCommand({QStringLiteral("plan"), true}, kPlanDescription, arguments, context);
+    return maintenanceCommand({QStringLiteral("plan"), true}, arguments, context);
 }

@@ -143,10 +143,12 @@ private slots:
         QTest::newRow("no command and no display") << QStringList{} << "no display";
         QTest::newRow("unknown option") << QStringList{"script", "--outptu", "x"} << "outptu";
         QTest::newRow("stray argument") << QStringList{"script", "extra"} << "extra";
-        QTest::newRow("missing --database") << QStringList{"run", "--mode", "LOCAL"} << "--database";
+        QTest::newRow("missing --database") << QStringList{"run", "--mode", "LOCAL"} << "zrt run: missing --database";
         QTest::newRow("empty --database") << QStringList{"run", "--mode", "LOCAL", "--database", ""} << "--database";
-        QTest::newRow("unknown mode") << QStringList{"run", "--mode", "local", "--database", "QuorvexA"} << "local";
-        QTest::newRow("list without server") << QStringList{"list", "--mode", "LOCAL"} << "--server";
+        QTest::newRow("unknown mode") << QStringList{"run", "--mode", "lokal", "--database", "QuorvexA"}
+                                      << "zrt run: unknown mode 'lokal'";
+        QTest::newRow("help on an unknown command") << QStringList{"help", "repair"} << "zrt help: unknown command";
+        QTest::newRow("list without server") << QStringList{"list", "--mode", "LOCAL"} << "zrt list: missing --server";
         QTest::newRow("server and odbc") << kRun + QStringList{"--server", "S", "--odbc", "DSN=x"} << "--odbc";
         QTest::newRow("odbc in ONLINE mode") << QStringList{"run", "--mode", "ONLINE", "--database", "Q", "--odbc", "DSN=x"}
                                              << "ONLINE";
@@ -161,6 +163,7 @@ private slots:
         QTest::newRow("a second server in --server")
             << QStringList{"list", "--mode", "LOCAL", "--server", "h;Data Source=127.0.0.1,1"} << "holds one of ; { } =";
         QTest::newRow("a brace in --server with --all") << kRunAll.mid(0, 5) + QStringList{"S}"} << "holds one of ; { } =";
+        QTest::newRow("a semicolon in --server") << kRun + QStringList{"--server", "S;x"} << "holds one of ; { } =";
         QTest::newRow("--odbc naming another database")
             << kRun + QStringList{"--odbc", "DRIVER={FreeTDS};Database={QuorvexB}"} << "names the database 'QuorvexB'";
         QTest::newRow("a FIFO as --report") << kRun + QStringList{"--report", m_fifo} << "not a regular file";
@@ -216,6 +219,10 @@ private slots:
         QStringList wholeRun = wholeRunFixtureStatements();
 
         QTest::newRow("list") << QStringList{"list", "--mode", "LOCAL", "--server", "S"} << two << false << 0 << "QuorvexB\n";
+        QTest::newRow("list: a mode in lower case") << QStringList{"list", "--mode", "local", "--server", "S"} << two << false
+                                                    << 0 << "QuorvexB\n";
+        QTest::newRow("-V") << QStringList{"-V"} << none << false << 0 << "zrt " + programVersion() + "\n";
+        QTest::newRow("help run") << QStringList{"help", "run"} << none << false << 0 << "zrt run --all --mode MODE";
         QTest::newRow("list: unreachable") << QStringList{"list", "--mode", "LOCAL", "--server", "S"}
                                            << refusing(unreachable, refusal(unreachableServer)) << false << 4
                                            << "zrt list: cannot reach server S: Unable to connect\n";
