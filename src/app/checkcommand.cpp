@@ -5,6 +5,7 @@
 #include "databaselisting.h"
 #include "exitstatus.h"
 #include "printabletext.h"
+#include "reportline.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -127,7 +128,7 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
     const DatabaseCheckResult result = checkDatabase(choice->mode, choice->server, choice->database,
                                                      targetName(parser), chosenConnections(parser, context));
     if (json)
-        printJson(context.out, checkJson(choice->database, result));
+        printJson(context.out, merged(jsonDocument(QStringLiteral("check")), checkJson(choice->database, result)));
     else if (result.drift)
         printReport(context.out, *result.drift);
     else

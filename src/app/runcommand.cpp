@@ -4,6 +4,7 @@
 #include "exitstatus.h"
 #include "outputfile.h"
 #include "printabletext.h"
+#include "reportline.h"
 #include "runallcommand.h"
 #include "runplan.h"
 
@@ -117,10 +118,7 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const RunOutcome outcome = outcomeOf(result);
     const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty());
     if (json) {
-        QJsonObject document = runContext(run, result.started);
-        const QJsonObject details = runJson(result);
-        for (auto it = details.begin(); it != details.end(); ++it)
-            document.insert(it.key(), it.value());
+        QJsonObject document = merged(merged(jsonDocument(QStringLiteral("run")), runContext(run, result.started)), runJson(result));
         document.insert(QStringLiteral("exit"), status);
         context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
         return status;

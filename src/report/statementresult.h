@@ -13,6 +13,8 @@ inline constexpr int kStatementResults = int(StatementResult::Failed) + 1;
 // where the run is tried out on SQLite. A statement past its time is its own kind.
 StatementResult classify(const StatementOutcome &outcome);
 QString resultName(StatementResult result);
+// The result as a key of the counts in JSON.
+QString resultKey(StatementResult result);
 
 // Failed and timed-out statements: what the run did not expect.
 inline bool isUnexpected(StatementResult result)

@@ -118,12 +118,13 @@ QString StatementTally::summary(bool verbose, bool reported) const
 QJsonObject StatementTally::json() const
 {
     QJsonObject counts{{QStringLiteral("sent"), m_sent},
-                       {QStringLiteral("columns added"), m_columnsAdded},
-                       {QStringLiteral("views created"), m_viewsCreated},
-                       {QStringLiteral("built-in rows written"), m_builtInRows},
-                       {QStringLiteral("accounts written"), m_accounts}};
+                       {QStringLiteral("columnsAdded"), m_columnsAdded},
+                       {QStringLiteral("viewsCreated"), m_viewsCreated},
+                       {QStringLiteral("viewsFailed"), m_viewsFailed},
+                       {QStringLiteral("builtInRowsWritten"), m_builtInRows},
+                       {QStringLiteral("accountsWritten"), m_accounts}};
     for (int result = 0; result < kStatementResults; ++result)
-        counts.insert(resultName(StatementResult(result)), m_byResult[result]);
+        counts.insert(resultKey(StatementResult(result)), m_byResult[result]);
     QJsonArray failures;
     for (const FailureGroup &group : failureGroups()) {
         QJsonArray indexes;

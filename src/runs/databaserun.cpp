@@ -12,7 +12,6 @@
 #include "whynotopen.h"
 
 #include <QElapsedTimer>
-#include <QJsonArray>
 #include <QFileInfo>
 
 namespace {
@@ -174,15 +173,17 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
     if (result->stop) {
         json.insert(QStringLiteral("stoppedAfter"), result->stop->afterStatement);
         json.insert(QStringLiteral("stopReason"), result->stop->detail);
-        json.insert(QStringLiteral("notSent"), result->notSent);
     }
     if (!result->reportError.isEmpty())
         json.insert(QStringLiteral("reportError"), result->reportError);
     if (result->preview)
-        json.insert(QStringLiteral("would"), QJsonArray::fromStringList(result->preview->lines(result->tally)));
-    const QJsonObject tally = result->tally.json();
-    for (auto it = tally.begin(); it != tally.end(); ++it)
-        json.insert(it.key(), it.value());
+        json.insert(QStringLiteral("findings"), result->preview->json(result->tally));
+    json = merged(json, result->tally.json());
+    if (result->stop) {
+        QJsonObject counts = json.value(QLatin1String("counts")).toObject();
+        counts.insert(QStringLiteral("notSent"), result->notSent);
+        json.insert(QStringLiteral("counts"), counts);
+    }
     return json;
 }
 
@@ -193,9 +194,10 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     DatabaseRunResult result;
     result.started = QDateTime::currentDateTime();
     if (run.report) {
-        run.report->write(jsonLine(runContext(run, result.started)));
+        run.report->write(jsonLine(merged(jsonDocument(QStringLiteral("header")), runContext(run, result.started))));
         // What the report ends with if the program is ended at once.
-        run.report->setLastLine(jsonLine({{QStringLiteral("outcome"), outcomeName(RunOutcome::Interrupted)},
+        run.report->setLastLine(jsonLine({{QStringLiteral("type"), QStringLiteral("summary")},
+                                          {QStringLiteral("outcome"), outcomeName(RunOutcome::Interrupted)},
                                           {QStringLiteral("complete"), false}}));
     }
 
@@ -225,6 +227,7 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
 
     if (run.report) {
         QJsonObject end = runJson(result);
+        end.insert(QStringLiteral("type"), QStringLiteral("summary"));
         end.insert(QStringLiteral("complete"), result.end == RunEnd::Completed);
         end.insert(QStringLiteral("finished"), reportTime(QDateTime::currentDateTime()));
         for (const char *detail : {"failures", "sourceTablesMissing"})
