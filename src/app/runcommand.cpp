@@ -65,6 +65,21 @@ QString outcomeLine(const DatabaseRunResult &result, bool reported)
     }
 }
 
+// Opens the file an option names, if it is given; checked before anything is
+// sent. False, after saying why, when it cannot be written.
+bool openNamedFile(std::optional<OutputFile> &file, const QCommandLineParser &parser, const QString &option,
+                   const QString &command, CommandContext &context)
+{
+    if (!parser.isSet(option))
+        return true;
+    file.emplace();
+    if (file->open(parser.value(option)))
+        return true;
+    context.err << "zrt " << command << ": cannot write --" << option << " " << escapedControls(file->name()) << ": "
+                << escapedControls(file->errorString()) << "\n";
+    return false;
+}
+
 // Why a preview found no database, and what a run would do about it.
 QString wouldBeCreated(const DatabaseRun &run, const QString &reason)
 {
@@ -81,16 +96,12 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, command.name, context);
     if (!choice)
         return kExitUsage;
-    // Written whole when the run ends, or not at all; checked before anything is sent.
+    // Written whole when the run ends, or not at all.
     std::optional<OutputFile> report;
-    if (parser.isSet(QStringLiteral("report"))) {
-        report.emplace();
-        if (!report->open(parser.value(QStringLiteral("report")))) {
-            context.err << "zrt " << command.name << ": cannot write --report "
-                        << escapedControls(report->name()) << ": " << escapedControls(report->errorString()) << "\n";
-            return kExitUsage;
-        }
-    }
+    std::optional<OutputFile> junit;
+    if (!openNamedFile(report, parser, QStringLiteral("report"), command.name, context)
+        || !openNamedFile(junit, parser, QStringLiteral("junit"), command.name, context))
+        return kExitUsage;
     const bool json = parser.isSet(QStringLiteral("json"));
     const bool quiet = parser.isSet(QStringLiteral("quiet"));
 
@@ -102,6 +113,7 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
+    run.junit = junit ? &*junit : nullptr;
     if (context.terminal && !json && !quiet)
         run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
     run.stop = context.stop;
@@ -116,7 +128,7 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     }
     const DatabaseRunResult result = runDatabase(run);
     const RunOutcome outcome = outcomeOf(result);
-    const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty());
+    const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty() || !result.junitError.isEmpty());
     if (json) {
         QJsonObject document = merged(merged(jsonDocument(QStringLiteral("run")), runContext(run, result.started)), runJson(result));
         document.insert(QStringLiteral("exit"), status);
@@ -141,8 +153,10 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
         context.out << (wouldEnd ? QLatin1String("a run would end ") : QLatin1String(""))
                     << outcomeLine(result, run.report) << "\n";
     }
-    if (!result.reportError.isEmpty())
-        context.err << "zrt " << command.name << ": " << escapedControls(result.reportError) << "\n";
+    for (const QString &error : {result.reportError, result.junitError}) {
+        if (!error.isEmpty())
+            context.err << "zrt " << command.name << ": " << escapedControls(error) << "\n";
+    }
     return status;
 }
 

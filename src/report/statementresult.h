@@ -29,5 +29,7 @@ QString missingSourceTable(const StatementOutcome &outcome);
 // The view a CREATE VIEW text makes.
 QString createdViewName(const QString &definition);
 
+inline constexpr int kPhases = int(Phase::ChartOfAccounts) + 1;
+
 // The phase as reports name it.
 QString phaseName(Phase phase);

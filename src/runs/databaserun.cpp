@@ -8,6 +8,7 @@
 #include "printabletext.h"
 #include "programversion.h"
 #include "reportline.h"
+#include "runjunit.h"
 #include "runplan.h"
 #include "whynotopen.h"
 
@@ -176,6 +177,8 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
     }
     if (!result->reportError.isEmpty())
         json.insert(QStringLiteral("reportError"), result->reportError);
+    if (!result->junitError.isEmpty())
+        json.insert(QStringLiteral("junitError"), result->junitError);
     if (result->preview)
         json.insert(QStringLiteral("findings"), result->preview->json(result->tally));
     json = merged(json, result->tally.json());
@@ -200,6 +203,8 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
                                           {QStringLiteral("outcome"), outcomeName(RunOutcome::Interrupted)},
                                           {QStringLiteral("complete"), false}}));
     }
+    if (run.junit)
+        run.junit->setLastLine(junitXml({endedAtOnceSuite(run, result.started)}));
 
     mdZRT module(run.preview ? previewConnections(run.connections) : run.connections, run.server,
                  mdZRT::Fallback::SameServerAndLogin);
@@ -225,6 +230,8 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
         result.stop = host.cut().value_or(RunStop{StopCause::Interrupted, host.tally().sent(), QString()});
     result.seconds = double(timer.nsecsElapsed()) / 1e9;
 
+    if (run.junit && !(run.junit->write(junitXml({runSuite(run, result)})) && run.junit->commit()))
+        result.junitError = QStringLiteral("cannot write %1: %2").arg(run.junit->name(), run.junit->errorString());
     if (run.report) {
         QJsonObject end = runJson(result);
         end.insert(QStringLiteral("type"), QStringLiteral("summary"));

@@ -32,6 +32,9 @@ struct DatabaseRun
     // Runs every statement in one transaction and rolls it back: nothing is
     // created, committed or kept.
     bool preview = false;
+    // Opened for writing: the run as a JUnit test suite, committed when the
+    // run ends, however it ends.
+    OutputFile *junit = nullptr;
 };
 
 // Why a run that had begun ended before its last statement.
@@ -59,6 +62,7 @@ struct DatabaseRunResult
     std::optional<RunStop> stop;            // why it ended early
     int notSent = 0;                        // what a stop left unsent, as a new database would receive it
     QString reportError; // why its report could not be written
+    QString junitError;  // why its JUnit file could not be written
     std::optional<PreviewFindings> preview; // what the run would do, once the database opened
 };
 

@@ -9,6 +9,7 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import xml.etree.ElementTree
 
 from jsonschema import Draft202012Validator, RefResolver
 
@@ -49,7 +50,7 @@ def main(zrt, dbo, schemas):
         # Name, arguments, exit status, schema of what it prints, report it writes.
         rows = [
             ("plan of a new database", ["plan", *one, "--report", "new.jsonl"], 3, "run", "new.jsonl"),
-            ("run", ["run", *one, "--report", "run.jsonl"], 3, "run", "run.jsonl"),
+            ("run", ["run", *one, "--report", "run.jsonl", "--junit", "run.xml"], 3, "run", "run.jsonl"),
             ("plan of a database run once", ["plan", *one, "--report", "plan.jsonl"], 3, "run", "plan.jsonl"),
             ("run that could not start", ["run", *unopened, "--report", "none.jsonl"], 4, "run", "none.jsonl"),
             ("check", ["check", *one], 4, "check", None),
@@ -68,6 +69,7 @@ def main(zrt, dbo, schemas):
                 found.append(f"{name}: not one JSON document ({error}): {ran.stdout!r}")
             if report:
                 found += report_faults(report_line, pathlib.Path(folder, report))
+        xml.etree.ElementTree.parse(pathlib.Path(folder, "run.xml"))
     for fault in found:
         print(fault)
     print(f"{len(rows)} commands checked, {len(found)} faults")

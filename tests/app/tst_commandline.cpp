@@ -13,6 +13,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QXmlStreamReader>
 
 using ServerSetup = std::function<void(ScriptedServer &)>;
 Q_DECLARE_METATYPE(ServerSetup)
@@ -158,6 +159,7 @@ private slots:
         QTest::newRow("empty --report") << kRun + QStringList{"--report", ""} << "--report : no file named";
         QTest::newRow("a folder as --output") << QStringList{"script", "--output", m_dir.path()} << "not a regular file";
         QTest::newRow("a link as --report") << kRun + QStringList{"--report", m_link} << "is a symbolic link";
+        QTest::newRow("a link as --junit") << kRun + QStringList{"--junit", m_link} << "cannot write --junit " + m_link;
         QTest::newRow("a link as --report-dir") << kRunAll + QStringList{"--report-dir", m_link} << "is a symbolic link";
         QTest::newRow("a folder that cannot be made") << kRunAll + QStringList{"--report-dir", m_fifo + "/x"} << "cannot make";
         QTest::newRow("a second server in --server")
@@ -339,6 +341,67 @@ private slots:
         QVERIFY(QDateTime::fromString(lines[1].value("at").toString(), Qt::ISODateWithMs).isValid());
         QCOMPARE(lines.last().value("complete").toBool(), true);
         QCOMPARE(lines.last().value("outcome").toString(), QStringLiteral("completed with failures"));
+    }
+
+    void junitTellsEachPhase_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<ServerSetup>("setup");
+        QTest::addColumn<QString>("suite");
+        QTest::addColumn<QStringList>("problems"); // each failed or skipped case, how its element begins
+        const QStringList wholeRun = wholeRunFixtureStatements();
+        const QString stock = wholeRun.filter("CREATE VIEW dbo.Stock ").value(0);
+        const ServerSetup none = [](ScriptedServer &) {};
+        DbStatus lost = DbStatus::failure("Communication link failure\x1b[2J");
+        lost.connectionLost = true;
+        QTest::newRow("a clean run") << kRun << none << "zrt run QuorvexA" << QStringList();
+        QTest::newRow("one statement failed unexpectedly")
+            << kRun << failing(stock, DbStatus::failure("Invalid column name 'Type'.\x1b[2J", 207)) << "zrt run QuorvexA"
+            << QStringList{"view creates failure: 1 of 62 statements failed unexpectedly or timed out\n"
+                           "     1  Invalid column name 'Type'.\\x1B[2J\n        #"};
+        QTest::newRow("the connection was lost")
+            << kRun << failing(stock, lost) << "zrt run QuorvexA"
+            << QStringList{QStringLiteral("view creates failure: connection lost after statement #%1: Communication link "
+                                          "failure\\x1B[2J; %2 statements not sent\n")
+                               .arg(wholeRun.indexOf(stock) + 1)
+                               .arg(wholeRun.size() - wholeRun.indexOf(stock) - 1),
+                           "chart of accounts skipped: not sent: connection lost"};
+        QTest::newRow("a preview") << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA"} << none
+                                   << "zrt plan QuorvexA (preview, rolled back)" << QStringList();
+    }
+
+    void junitTellsEachPhase()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(ServerSetup, setup);
+        QFETCH(QString, suite);
+        QFETCH(QStringList, problems);
+        ScriptedServer server;
+        setup(server);
+        const QString path = m_dir.filePath(QStringLiteral("junit.xml"));
+        invoke(arguments + QStringList{"--junit", path}, server.connections());
+        QXmlStreamReader xml(fileBytes(path));
+        QStringList suites;
+        QStringList cases;
+        QStringList found;
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            const QString name = xml.attributes().value(xml.name() == QLatin1String("testsuite") ? "name" : "message").toString();
+            if (xml.name() == QLatin1String("testsuite"))
+                suites << name;
+            else if (xml.name() == QLatin1String("testcase"))
+                cases << xml.attributes().value("name").toString();
+            else if (xml.name() == QLatin1String("failure") || xml.name() == QLatin1String("skipped"))
+                found << cases.last() + " " + xml.name().toString() + ": " + name + "\n" + xml.readElementText();
+        }
+        QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+        QCOMPARE(suites, QStringList{suite});
+        QCOMPARE(cases, (QStringList{"open the database", "rebuilt table drops", "tables", "view drops", "view creates",
+                                     "chart of accounts"}));
+        QCOMPARE(found.size(), problems.size());
+        for (qsizetype i = 0; i < found.size(); ++i)
+            QVERIFY2(found[i].startsWith(problems[i]), qPrintable(found[i]));
     }
 
     void planStopsWhereItsTransactionEnds_data()
