@@ -6,6 +6,7 @@
 #include "exitstatus.h"
 #include "printabletext.h"
 #include "reportline.h"
+#include "terminalcolour.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -35,7 +36,7 @@ QString differencesText(const SchemaDrift &drift)
     return QStringLiteral("%1 %2").arg(differences).arg(differences == 1 ? "difference" : "differences");
 }
 
-void printReport(QTextStream &out, const SchemaDrift &drift)
+void printReport(QTextStream &out, const SchemaDrift &drift, bool terminal)
 {
     QStringList missingColumns;
     for (const ColumnFinding &finding : drift.missingColumns)
@@ -62,7 +63,7 @@ void printReport(QTextStream &out, const SchemaDrift &drift)
     printGroup(out, "Missing views", drift.missingViews);
     printGroup(out, "Not installable here", notInstallable);
     printGroup(out, "Left alone", leftAlone);
-    out << differencesText(drift) << "\n";
+    out << tinted(differencesText(drift), drift.differences() == 0 ? Tint::Green : Tint::Yellow, terminal) << "\n";
 }
 
 QJsonArray columnsJson(const QList<ColumnFinding> &findings)
@@ -130,7 +131,7 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
     if (json)
         printJson(context.out, merged(jsonDocument(QStringLiteral("check")), checkJson(choice->database, result)));
     else if (result.drift)
-        printReport(context.out, *result.drift);
+        printReport(context.out, *result.drift, context.outTerminal);
     else
         context.err << "zrt check: " << escapedControls(result.error) << "\n";
     return exitStatus(result);

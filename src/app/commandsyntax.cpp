@@ -108,6 +108,7 @@ constexpr TermSyntax kEnvironment[] = {
     {"ZRT_ENCRYPT", "request (default) or require an encrypted connection;\nuse require with the hosted ONLINE server"},
     {"ZRT_ODBC", "an ODBC connection string used as --odbc is, where\nneither --odbc nor --server is given"},
     {"DISPLAY", "without a command, zrt opens the window where this,\nWAYLAND_DISPLAY or QT_QPA_PLATFORM is set"},
+    {"NO_COLOR", "set to anything, even empty: no colours on a terminal"},
 };
 
 constexpr std::array<const char *, 3> kModes = {ConnectionProfiles::kOffline, ConnectionProfiles::kLocal,

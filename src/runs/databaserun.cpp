@@ -37,8 +37,14 @@ public:
     void setProgressMaximum(int maximum) override { m_maximum = maximum; }
     void setProgress(int value) override
     {
+        m_value = value;
         if (m_run.progress)
-            m_run.progress(value, m_maximum);
+            m_run.progress(m_phase, m_value, m_maximum);
+    }
+    void phaseStarted(Phase phase) override
+    {
+        m_phase = phase;
+        setProgress(m_value);
     }
     // Only a database that is missing is created: not one on a server that
     // cannot be reached or that refused the login.
@@ -97,6 +103,8 @@ private:
     StatementTally m_tally;
     std::optional<PreviewFindings> m_findings;
     std::optional<RunStop> m_cut;
+    std::optional<Phase> m_phase;
+    int m_value = 0;
     int m_maximum = 0;
 };
 

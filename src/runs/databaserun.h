@@ -27,7 +27,9 @@ struct DatabaseRun
     // Opened for writing: a context line, one line per statement and an end
     // line; committed when the run ends, however it ends.
     OutputFile *report = nullptr;
-    std::function<void(int value, int maximum)> progress;
+    // The phase under way (nothing before the first statement) and the run's
+    // progress, as the window's bar would show it.
+    std::function<void(std::optional<Phase> phase, int value, int maximum)> progress;
     const std::atomic<bool> *stop = nullptr; // asked before each statement
     // Runs every statement in one transaction and rolls it back: nothing is
     // created, committed or kept.

@@ -404,6 +404,27 @@ private slots:
             QVERIFY2(found[i].startsWith(problems[i]), qPrintable(found[i]));
     }
 
+    void terminalOutput_data()
+    {
+        QTest::addColumn<QByteArray>("noColor"); // NO_COLOR's value; null: not set
+        QTest::newRow("a terminal") << QByteArray();
+        QTest::newRow("a terminal, NO_COLOR set empty") << QByteArray("");
+    }
+
+    void terminalOutput()
+    {
+        QFETCH(QByteArray, noColor);
+        if (!noColor.isNull())
+            qputenv("NO_COLOR", noColor);
+        ScriptedServer server;
+        const Invocation run = invoke(kRun, server.connections(), nullptr, nullptr, true);
+        qunsetenv("NO_COLOR");
+        QVERIFY2(run.out.endsWith(noColor.isNull() ? "\x1b[32mcompleted\x1b[0m: 493 statements, none failed unexpectedly\n"
+                                                    : "\ncompleted: 493 statements, none failed unexpectedly\n"),
+                 qPrintable(run.out));
+        QVERIFY2(run.err.contains("] view creates 80%"), qPrintable(run.err));
+    }
+
     void planStopsWhereItsTransactionEnds_data()
     {
         QTest::addColumn<QString>("tranCount"); // what the server says after an unexpected failure; empty: it fails
