@@ -135,7 +135,8 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const RunOutcome outcome = outcomeOf(result);
     const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty() || !result.junitError.isEmpty());
     if (json) {
-        QJsonObject document = merged(merged(jsonDocument(QStringLiteral("run")), runContext(run, result.started)), runJson(result));
+        QJsonObject document =
+            merged(merged(jsonDocument(QStringLiteral("run")), runContext(run, result.started)), runJson(result));
         document.insert(QStringLiteral("exit"), status);
         context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
         return status;
