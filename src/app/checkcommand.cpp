@@ -5,6 +5,8 @@
 #include "databaselisting.h"
 #include "exitstatus.h"
 #include "printabletext.h"
+#include "reportline.h"
+#include "terminalcolour.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -34,7 +36,7 @@ QString differencesText(const SchemaDrift &drift)
     return QStringLiteral("%1 %2").arg(differences).arg(differences == 1 ? "difference" : "differences");
 }
 
-void printReport(QTextStream &out, const SchemaDrift &drift)
+void printReport(QTextStream &out, const SchemaDrift &drift, bool terminal)
 {
     QStringList missingColumns;
     for (const ColumnFinding &finding : drift.missingColumns)
@@ -61,7 +63,7 @@ void printReport(QTextStream &out, const SchemaDrift &drift)
     printGroup(out, "Missing views", drift.missingViews);
     printGroup(out, "Not installable here", notInstallable);
     printGroup(out, "Left alone", leftAlone);
-    out << differencesText(drift) << "\n";
+    out << tinted(differencesText(drift), drift.differences() == 0 ? Tint::Green : Tint::Yellow, terminal) << "\n";
 }
 
 QJsonArray columnsJson(const QList<ColumnFinding> &findings)
@@ -127,9 +129,9 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
     const DatabaseCheckResult result = checkDatabase(choice->mode, choice->server, choice->database,
                                                      targetName(parser), chosenConnections(parser, context));
     if (json)
-        printJson(context.out, checkJson(choice->database, result));
+        printJson(context.out, merged(jsonDocument(QStringLiteral("check")), checkJson(choice->database, result)));
     else if (result.drift)
-        printReport(context.out, *result.drift);
+        printReport(context.out, *result.drift, context.outTerminal);
     else
         context.err << "zrt check: " << escapedControls(result.error) << "\n";
     return exitStatus(result);

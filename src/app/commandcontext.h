@@ -17,8 +17,9 @@ struct CommandContext
     // gave; each statement may take `statementSeconds` (0: for ever).
     std::function<ConnectionFactory(int statementSeconds)> sqlServer;
     std::function<ConnectionFactory(const QString &odbc, int statementSeconds)> odbc;
-    bool terminal = false;                                    // draw a progress bar on err
+    bool terminal = false;                                    // err is a terminal: draw a progress bar, colour
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
+    bool outTerminal = false;                                 // out is a terminal: colour the outcomes
 };
 
 // Exit statuses of every command; with --all the most serious of the databases'.

@@ -21,6 +21,9 @@ constexpr OptionSyntax kOptions[] = {
      "FILEBASE_Log.ldf, named after FILEBASE's file name."},
     {"report", "FILE", ValueKind::File,
      "Write the run's context, one JSON object per statement and its end to FILE."},
+    {"junit", "FILE", ValueKind::File,
+     "Write the run to FILE as a JUnit XML test suite, as CI systems read it: a test case per phase, failed "
+     "with the messages of its statements that failed unexpectedly."},
     {"jobs", "N", ValueKind::Text, "At most N databases at once (default 4)."},
     {"report-dir", "DIR", ValueKind::Folder, "One report per database, index.json and index.html in DIR."},
     {"statement-timeout", "SECONDS", ValueKind::Text,
@@ -36,7 +39,7 @@ constexpr FormSyntax kScriptForms[] = {{"", "[--output FILE]"}};
 constexpr FormSyntax kListForms[] = {{"", "--mode MODE --server NAME [--json]"}};
 constexpr FormSyntax kRunForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--create-at FILEBASE] [--report FILE] "
-         "[--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
+         "[--junit FILE] [--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
     {"all", "--all --mode MODE --server NAME [--jobs N] [--report-dir DIR] [--statement-timeout SECONDS] [--json]"},
 };
 constexpr FormSyntax kCheckForms[] = {
@@ -105,6 +108,7 @@ constexpr TermSyntax kEnvironment[] = {
     {"ZRT_ENCRYPT", "request (default) or require an encrypted connection;\nuse require with the hosted ONLINE server"},
     {"ZRT_ODBC", "an ODBC connection string used as --odbc is, where\nneither --odbc nor --server is given"},
     {"DISPLAY", "without a command, zrt opens the window where this,\nWAYLAND_DISPLAY or QT_QPA_PLATFORM is set"},
+    {"NO_COLOR", "set to anything, even empty: no colours on a terminal"},
 };
 
 constexpr std::array<const char *, 3> kModes = {ConnectionProfiles::kOffline, ConnectionProfiles::kLocal,

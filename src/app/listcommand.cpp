@@ -3,6 +3,7 @@
 #include "commandoptions.h"
 #include "databaselisting.h"
 #include "printabletext.h"
+#include "reportline.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -28,10 +29,11 @@ int listCommand(const QStringList &arguments, CommandContext &context)
     const int status = outcome.failed() ? kExitNothingDone : kExitOk;
     const QString error = outcome.failed() ? listingFailureText(outcome, QLatin1String("server ") + server) : QString();
     if (json) {
-        QJsonObject document{{QStringLiteral("mode"), *mode},
-                             {QStringLiteral("server"), server},
-                             {QStringLiteral("databases"), QJsonArray::fromStringList(names)},
-                             {QStringLiteral("exit"), status}};
+        QJsonObject document = merged(jsonDocument(QStringLiteral("list")),
+                                      {{QStringLiteral("mode"), *mode},
+                                       {QStringLiteral("server"), server},
+                                       {QStringLiteral("databases"), QJsonArray::fromStringList(names)},
+                                       {QStringLiteral("exit"), status}});
         if (outcome.failed())
             document.insert(QStringLiteral("error"), error);
         context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";

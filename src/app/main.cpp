@@ -80,6 +80,6 @@ int main(int argc, char *argv[])
                            [](const QString &odbc, int statementSeconds) {
                                return odbcConnectionsTo(odbc, timeouts(statementSeconds));
                            },
-                           isatty(fileno(stderr)) != 0, &interrupted};
+                           isatty(fileno(stderr)) != 0, &interrupted, isatty(fileno(stdout)) != 0};
     return runCommandLine(application.arguments(), context);
 }

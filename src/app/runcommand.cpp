@@ -4,8 +4,11 @@
 #include "exitstatus.h"
 #include "outputfile.h"
 #include "printabletext.h"
+#include "reportline.h"
 #include "runallcommand.h"
 #include "runplan.h"
+#include "statementresult.h"
+#include "terminalcolour.h"
 
 #include <QJsonDocument>
 #include <QFileInfo>
@@ -19,19 +22,22 @@ struct Command
     bool preview;
 };
 
-// A bar on the terminal, redrawn in place.
-void drawProgress(QTextStream &err, int value, int maximum)
+// A bar on the terminal, redrawn in place, with the phase under way.
+void drawProgress(QTextStream &err, std::optional<Phase> phase, int value, int maximum)
 {
     constexpr int kBarWidth = 40;
     if (maximum <= 0)
         return;
     const int filled = kBarWidth * value / maximum;
+    const QString done = QStringLiteral("%1%").arg(100 * value / maximum);
+    // Padded over the longest phase's name, which a shorter one replaces.
     err << "\r[" << QString(filled, QLatin1Char('#')) << QString(kBarWidth - filled, QLatin1Char(' ')) << "] "
-        << 100 * value / maximum << "%";
+        << (phase ? phaseName(*phase) + QLatin1Char(' ') + done : done).leftJustified(24);
     err.flush();
 }
 
-QString outcomeLine(const DatabaseRunResult &result, bool reported)
+// What follows the outcome's name on the last line.
+QString outcomeDetail(const DatabaseRunResult &result, bool reported)
 {
     const StatementTally &tally = result.tally;
     const auto stopped = [&result](const char *what) {
@@ -41,27 +47,40 @@ QString outcomeLine(const DatabaseRunResult &result, bool reported)
             .arg(escapedControls(result.stop->detail))
             .arg(result.notSent);
     };
-    switch (const RunOutcome outcome = outcomeOf(result)) {
+    switch (outcomeOf(result)) {
     case RunOutcome::Completed:
-        return QStringLiteral("completed: %1 statements, none failed unexpectedly").arg(tally.sent());
+        return QStringLiteral(": %1 statements, none failed unexpectedly").arg(tally.sent());
     case RunOutcome::CompletedWithFailures:
-        return QStringLiteral("completed with failures: %1 of %2 statements failed unexpectedly or timed out")
-            .arg(tally.unexpected())
-            .arg(tally.sent());
+        return QStringLiteral(": %1 of %2 statements failed unexpectedly or timed out").arg(tally.unexpected()).arg(tally.sent());
     case RunOutcome::NothingApplied:
-        return QStringLiteral("nothing applied: none of %1 statements succeeded").arg(tally.sent());
+        return QStringLiteral(": none of %1 statements succeeded").arg(tally.sent());
     case RunOutcome::ConnectionLost:
-        return stopped("connection lost");
+        return stopped("");
     case RunOutcome::PreviewStopped:
-        return stopped("preview stopped, nothing more sent to the database,");
+        return stopped(", nothing more sent to the database,");
     case RunOutcome::Interrupted:
-        return QStringLiteral("interrupted after %1 statements, %2 not sent%3")
+        return QStringLiteral(" after %1 statements, %2 not sent%3")
             .arg(tally.sent())
             .arg(result.notSent)
             .arg(reported ? QStringLiteral("; the report is kept, marked incomplete") : QString());
     default:
-        return outcomeName(outcome);
+        return QString();
     }
+}
+
+// Opens the file an option names, if it is given; checked before anything is
+// sent. False, after saying why, when it cannot be written.
+bool openNamedFile(std::optional<OutputFile> &file, const QCommandLineParser &parser, const QString &option,
+                   const QString &command, CommandContext &context)
+{
+    if (!parser.isSet(option))
+        return true;
+    file.emplace();
+    if (file->open(parser.value(option)))
+        return true;
+    context.err << "zrt " << command << ": cannot write --" << option << " " << escapedControls(file->name()) << ": "
+                << escapedControls(file->errorString()) << "\n";
+    return false;
 }
 
 // Why a preview found no database, and what a run would do about it.
@@ -80,16 +99,12 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, command.name, context);
     if (!choice)
         return kExitUsage;
-    // Written whole when the run ends, or not at all; checked before anything is sent.
+    // Written whole when the run ends, or not at all.
     std::optional<OutputFile> report;
-    if (parser.isSet(QStringLiteral("report"))) {
-        report.emplace();
-        if (!report->open(parser.value(QStringLiteral("report")))) {
-            context.err << "zrt " << command.name << ": cannot write --report "
-                        << escapedControls(report->name()) << ": " << escapedControls(report->errorString()) << "\n";
-            return kExitUsage;
-        }
-    }
+    std::optional<OutputFile> junit;
+    if (!openNamedFile(report, parser, QStringLiteral("report"), command.name, context)
+        || !openNamedFile(junit, parser, QStringLiteral("junit"), command.name, context))
+        return kExitUsage;
     const bool json = parser.isSet(QStringLiteral("json"));
     const bool quiet = parser.isSet(QStringLiteral("quiet"));
 
@@ -101,8 +116,11 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
     run.report = report ? &*report : nullptr;
+    run.junit = junit ? &*junit : nullptr;
     if (context.terminal && !json && !quiet)
-        run.progress = [&context](int value, int maximum) { drawProgress(context.err, value, maximum); };
+        run.progress = [&context](std::optional<Phase> phase, int value, int maximum) {
+            drawProgress(context.err, phase, value, maximum);
+        };
     run.stop = context.stop;
     run.preview = command.preview;
 
@@ -115,12 +133,10 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     }
     const DatabaseRunResult result = runDatabase(run);
     const RunOutcome outcome = outcomeOf(result);
-    const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty());
+    const int status = withLostReport(exitStatusOf(result), !result.reportError.isEmpty() || !result.junitError.isEmpty());
     if (json) {
-        QJsonObject document = runContext(run, result.started);
-        const QJsonObject details = runJson(result);
-        for (auto it = details.begin(); it != details.end(); ++it)
-            document.insert(it.key(), it.value());
+        QJsonObject document =
+            merged(merged(jsonDocument(QStringLiteral("run")), runContext(run, result.started)), runJson(result));
         document.insert(QStringLiteral("exit"), status);
         context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
         return status;
@@ -131,7 +147,8 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     if (outcome == RunOutcome::CouldNotStart && command.preview && missing) {
         context.err << wouldBeCreated(run, result.reason);
     } else if (outcome == RunOutcome::CouldNotStart) {
-        context.err << "zrt " << command.name << ": could not start: " << escapedControls(result.reason)
+        context.err << "zrt " << command.name << ": " << tinted(outcomeName(outcome), outcomeTint(outcome), context.terminal)
+                    << ": " << escapedControls(result.reason)
                     << (missing && !run.createAt ? "; give --create-at FILEBASE to create it" : "") << "\n";
     } else {
         if (!quiet && result.preview)
@@ -141,10 +158,13 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
         // What the preview saw is what a run would do, up to where a preview stops.
         const bool wouldEnd = command.preview && !result.stop;
         context.out << (wouldEnd ? QLatin1String("a run would end ") : QLatin1String(""))
-                    << outcomeLine(result, run.report) << "\n";
+                    << tinted(outcomeName(outcome), outcomeTint(outcome), context.outTerminal)
+                    << outcomeDetail(result, run.report) << "\n";
     }
-    if (!result.reportError.isEmpty())
-        context.err << "zrt " << command.name << ": " << escapedControls(result.reportError) << "\n";
+    for (const QString &error : {result.reportError, result.junitError}) {
+        if (!error.isEmpty())
+            context.err << "zrt " << command.name << ": " << escapedControls(error) << "\n";
+    }
     return status;
 }
 

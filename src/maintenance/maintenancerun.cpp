@@ -36,6 +36,7 @@ RunEnd MaintenanceRun::run(const RunChoice &choice, const Steps &steps)
             return RunEnd::NotOpened;
         m_phase = Phase::CreateDatabase;
         m_action = Action::CreateDatabase;
+        tellPhase();
         ExecuteIgnoringErrors(createDatabaseStatement(file->title, file->fullName));
         m_module.SharedConnection().close();
         m_module.OpenConnection(choice.mode, choice.server, choice.database);
@@ -63,6 +64,8 @@ bool MaintenanceRun::walk(std::span<const Step> steps)
             m_notSent += statementCount(std::span(step, steps.end()));
             return false;
         }
+        if (step->kind != Step::Kind::Progress)
+            tellPhase();
         switch (step->kind) {
         case Step::Kind::Execute:
             ExecuteIgnoringErrors(step->text);
@@ -98,6 +101,14 @@ bool MaintenanceRun::QueryReturnsNoRows(const QString &select, ResultSet &into)
     m_host.statementExecuted({m_phase, Action::ExistenceTest, select, status, timer.nsecsElapsed()});
     // A failing end test counts as no row, so the guarded insert is tried.
     return into.atEnd().value_or(true);
+}
+
+void MaintenanceRun::tellPhase()
+{
+    if (m_toldPhase == m_phase)
+        return;
+    m_toldPhase = m_phase;
+    m_host.phaseStarted(m_phase);
 }
 
 ResultSet &MaintenanceRun::recordset(Recordset which)

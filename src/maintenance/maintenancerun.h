@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <span>
 
 class mdZRT;
@@ -51,6 +52,8 @@ private:
     // False when the host asked to stop.
     bool walk(std::span<const Step> steps);
     ResultSet &recordset(Recordset which);
+    // Tells the host of m_phase when its first statement is about to be sent.
+    void tellPhase();
 
     mdZRT &m_module;
     RunHost &m_host;
@@ -59,5 +62,6 @@ private:
     // What the statement under way belongs to, for the host's reports.
     Phase m_phase = Phase::Tables;
     Action m_action = Action::ExistenceTest;
+    std::optional<Phase> m_toldPhase;
     int m_notSent = 0;
 };

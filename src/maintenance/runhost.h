@@ -47,6 +47,8 @@ public:
     // may end the run there rather than send it to a connection that serves
     // another database or none. The window always goes on.
     virtual bool goOnAfterOpening() { return true; }
+    // Before the first statement of each phase; the window shows no phase.
+    virtual void phaseStarted(Phase) {}
     virtual void statementExecuted(const StatementOutcome &) {}
     // Asked before each statement; the window never stops a run.
     virtual bool stopRequested() const { return false; }

@@ -3,6 +3,7 @@
 #include "runplan.h"
 #include "statementresult.h"
 
+#include <QJsonObject>
 #include <QRegularExpression>
 
 namespace {
@@ -47,17 +48,14 @@ void PreviewFindings::add(const StatementOutcome &outcome)
         // A new table's columns come with it.
         if (const QRegularExpressionMatch added = kAddedColumn.match(outcome.text);
             added.hasMatch() && !m_tablesCreated.contains(added.captured(1)))
-            m_columnsAdded << added.captured(1) + QLatin1Char('.') + added.captured(2);
+            m_columnsAdded.append({added.captured(1), added.captured(2)});
         break;
     case Action::WidenColumn:
         if (const QRegularExpressionMatch widened = kWidenedColumn.match(outcome.text); widened.hasMatch()) {
-            const QString name = widened.captured(1) + QLatin1Char('.') + widened.captured(2);
             const int width = widened.captured(3).toInt();
             const std::optional<int> before = widthBefore(m_before.tables, widened.captured(1), widened.captured(2));
-            if (!before)
-                m_widened << QStringLiteral("%1 to %2").arg(name).arg(width);
-            else if (*before != width)
-                m_widened << QStringLiteral("%1 from %2 to %3").arg(name).arg(*before).arg(width);
+            if (before != width)
+                m_widened.append({widened.captured(1), widened.captured(2), before, width});
         }
         break;
     case Action::CreateTable:
@@ -76,11 +74,18 @@ QStringList PreviewFindings::lines(const StatementTally &tally) const
     if (!m_tablesCreated.isEmpty())
         lines << QStringLiteral("would create %1 with their columns: %2")
                      .arg(counted(int(m_tablesCreated.size()), "table", "tables"), m_tablesCreated.join(QLatin1String(", ")));
-    if (!m_columnsAdded.isEmpty())
+    if (!m_columnsAdded.isEmpty()) {
+        QStringList columns;
+        for (const auto &[table, column] : m_columnsAdded)
+            columns << table + QLatin1Char('.') + column;
         lines << QStringLiteral("would add %1: %2")
-                     .arg(counted(int(m_columnsAdded.size()), "column", "columns"), m_columnsAdded.join(QLatin1String(", ")));
-    for (const QString &widened : m_widened)
-        lines << QLatin1String("would widen ") + widened;
+                     .arg(counted(int(columns.size()), "column", "columns"), columns.join(QLatin1String(", ")));
+    }
+    for (const Widened &widened : m_widened)
+        lines << QStringLiteral("would widen %1.%2 %3to %4")
+                     .arg(widened.table, widened.column,
+                          widened.from ? QStringLiteral("from %1 ").arg(*widened.from) : QString())
+                     .arg(widened.to);
     lines << QLatin1String("would write ") + counted(tally.builtInRowsWritten(), "built-in row", "built-in rows");
     lines << QLatin1String("would insert ") + counted(tally.accountsWritten(), "account", "accounts");
     lines << QStringLiteral("would replace %1, %2")
@@ -97,4 +102,42 @@ QStringList PreviewFindings::lines(const StatementTally &tally) const
     for (const QString &unread : m_before.timedOut)
         lines << QStringLiteral("could not tell what the run would discard: reading %1 timed out").arg(unread);
     return lines;
+}
+
+QJsonArray PreviewFindings::json(const StatementTally &tally) const
+{
+    const auto finding = [](const char *kind, std::initializer_list<std::pair<QString, QJsonValue>> fields) {
+        QJsonObject object{{QStringLiteral("kind"), QLatin1String(kind)}};
+        for (const auto &[key, value] : fields)
+            object.insert(key, value);
+        return object;
+    };
+    QJsonArray findings;
+    for (const QString &table : m_tablesCreated)
+        findings.append(finding("create", {{QStringLiteral("table"), table}}));
+    for (const auto &[table, column] : m_columnsAdded)
+        findings.append(finding("add", {{QStringLiteral("table"), table}, {QStringLiteral("column"), column}}));
+    for (const Widened &widened : m_widened) {
+        QJsonObject widen = finding("widen", {{QStringLiteral("table"), widened.table},
+                                              {QStringLiteral("column"), widened.column},
+                                              {QStringLiteral("to"), widened.to}});
+        if (widened.from)
+            widen.insert(QStringLiteral("from"), *widened.from);
+        findings.append(widen);
+    }
+    findings.append(finding("write", {{QStringLiteral("rows"), tally.builtInRowsWritten()}}));
+    findings.append(finding("insert", {{QStringLiteral("rows"), tally.accountsWritten()}}));
+    findings.append(finding("replace", {{QStringLiteral("views"), tally.viewsCreated()},
+                                        {QStringLiteral("sourceTablesMissing"), qint64(tally.sourceTablesMissing())}}));
+    for (const auto &[table, rows] : m_before.rebuiltTableRows)
+        findings.append(finding("discard", {{QStringLiteral("table"), table}, {QStringLiteral("rows"), rows}}));
+    if (!m_before.reportHeader.isEmpty()) {
+        QJsonArray values;
+        for (const auto &[column, value] : m_before.reportHeader)
+            values.append(QJsonObject{{QStringLiteral("column"), column}, {QStringLiteral("value"), value}});
+        findings.append(finding("discard", {{QStringLiteral("reportHeader"), values}}));
+    }
+    for (const QString &unread : m_before.timedOut)
+        findings.append(finding("unread", {{QStringLiteral("what"), unread}}));
+    return findings;
 }

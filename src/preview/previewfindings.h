@@ -4,6 +4,7 @@
 #include "runhost.h"
 #include "statementtally.h"
 
+#include <QJsonArray>
 #include <QStringList>
 
 #include <optional>
@@ -21,10 +22,22 @@ public:
     // One line each, "would ...", the counts taken from the run's `tally`,
     // the discarded rows included.
     QStringList lines(const StatementTally &tally) const;
+    // The same as objects, one per table, column, widening or table emptied:
+    // "kind" is the verb of its line (create, add, widen, write, insert,
+    // replace, discard) or "unread" for what could not be told.
+    QJsonArray json(const StatementTally &tally) const;
 
 private:
+    struct Widened
+    {
+        QString table;
+        QString column;
+        std::optional<int> from; // nothing when the table did not have the column
+        int to = 0;
+    };
+
     DatabaseBefore m_before;
-    QStringList m_columnsAdded;
-    QStringList m_widened;
+    QList<QPair<QString, QString>> m_columnsAdded; // table, column
+    QList<Widened> m_widened;
     QStringList m_tablesCreated;
 };

@@ -5,9 +5,22 @@
 
 #include <QJsonDocument>
 
+QJsonObject jsonDocument(const QString &type)
+{
+    return {{QStringLiteral("type"), type}, {QStringLiteral("format"), kJsonFormat}};
+}
+
+QJsonObject merged(QJsonObject into, const QJsonObject &from)
+{
+    for (auto it = from.begin(); it != from.end(); ++it)
+        into.insert(it.key(), it.value());
+    return into;
+}
+
 QByteArray reportLine(int index, const StatementOutcome &outcome, const QDateTime &at)
 {
     QJsonObject line{
+        {QStringLiteral("type"), QStringLiteral("statement")},
         {QStringLiteral("index"), index},
         {QStringLiteral("at"), reportTime(at)},
         {QStringLiteral("phase"), phaseName(outcome.phase)},

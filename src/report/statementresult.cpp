@@ -3,6 +3,7 @@
 #include "viewsources.h"
 
 #include <QRegularExpression>
+#include <QStringList>
 
 namespace {
 
@@ -76,6 +77,15 @@ QString resultName(StatementResult result)
         return QStringLiteral("failed");
     }
     Q_UNREACHABLE();
+}
+
+QString resultKey(StatementResult result)
+{
+    // "not there to drop" -> "notThereToDrop"
+    QStringList words = resultName(result).split(QLatin1Char(' '));
+    for (qsizetype i = 1; i < words.size(); ++i)
+        words[i][0] = words[i][0].toUpper();
+    return words.join(QString());
 }
 
 QString phaseName(Phase phase)

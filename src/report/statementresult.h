@@ -13,6 +13,8 @@ inline constexpr int kStatementResults = int(StatementResult::Failed) + 1;
 // where the run is tried out on SQLite. A statement past its time is its own kind.
 StatementResult classify(const StatementOutcome &outcome);
 QString resultName(StatementResult result);
+// The result as a key of the counts in JSON.
+QString resultKey(StatementResult result);
 
 // Failed and timed-out statements: what the run did not expect.
 inline bool isUnexpected(StatementResult result)
@@ -26,6 +28,8 @@ QString missingSourceTable(const StatementOutcome &outcome);
 
 // The view a CREATE VIEW text makes.
 QString createdViewName(const QString &definition);
+
+inline constexpr int kPhases = int(Phase::ChartOfAccounts) + 1;
 
 // The phase as reports name it.
 QString phaseName(Phase phase);

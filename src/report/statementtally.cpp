@@ -21,6 +21,9 @@ QString firstLine(const QString &text, int width)
 void StatementTally::add(const StatementOutcome &outcome)
 {
     ++m_sent;
+    m_lastPhase = outcome.phase;
+    ++m_phases[int(outcome.phase)].sent;
+    m_phases[int(outcome.phase)].nanoseconds += outcome.nanoseconds;
     const StatementResult result = classify(outcome);
     ++m_byResult[int(result)];
     if (result == StatementResult::SourceTableMissing)
@@ -56,9 +59,28 @@ void StatementTally::add(const StatementOutcome &outcome)
     }
 }
 
-QList<FailureGroup> StatementTally::failureGroups() const
+QString failureListing(std::span<const FailureGroup> groups, qsizetype statementsEach)
 {
-    QList<FailureGroup> groups = m_groups;
+    QString text;
+    for (const FailureGroup &group : groups) {
+        text += QStringLiteral("%1  %2\n").arg(group.statements.size(), 6).arg(escapedControls(group.message));
+        for (const FailureGroup::Statement &statement : group.statements.first(std::min(statementsEach, group.statements.size())))
+            text += QStringLiteral("        #%1 [%2] %3\n")
+                        .arg(statement.index)
+                        .arg(phaseName(statement.phase), escapedControls(firstLine(statement.text, 100)));
+    }
+    return text;
+}
+
+QList<FailureGroup> StatementTally::failureGroups(std::optional<Phase> phase) const
+{
+    QList<FailureGroup> groups;
+    for (FailureGroup group : m_groups) {
+        if (phase)
+            group.statements.removeIf([&phase](const FailureGroup::Statement &statement) { return statement.phase != *phase; });
+        if (!group.statements.isEmpty())
+            groups.append(group);
+    }
     std::stable_sort(groups.begin(), groups.end(), [](const FailureGroup &a, const FailureGroup &b) {
         return a.statements.size() > b.statements.size();
     });
@@ -95,14 +117,7 @@ QString StatementTally::summary(bool verbose, bool reported) const
                 .arg(unexpected() == 1 ? "statement" : "statements");
     const QList<FailureGroup> groups = failureGroups();
     const qsizetype shown = verbose ? groups.size() : std::min<qsizetype>(groups.size(), kShownMessages);
-    for (qsizetype i = 0; i < shown; ++i) {
-        const FailureGroup &group = groups[i];
-        text += QStringLiteral("%1  %2\n").arg(group.statements.size(), 6).arg(escapedControls(group.message));
-        for (const FailureGroup::Statement &statement : group.statements.first(verbose ? group.statements.size() : 1))
-            text += QStringLiteral("        #%1 [%2] %3\n")
-                        .arg(statement.index)
-                        .arg(phaseName(statement.phase), escapedControls(firstLine(statement.text, 100)));
-    }
+    text += failureListing(std::span(groups).first(shown), verbose ? m_sent : 1);
     if (shown < groups.size()) {
         int statements = 0;
         for (qsizetype i = shown; i < groups.size(); ++i)
@@ -118,12 +133,13 @@ QString StatementTally::summary(bool verbose, bool reported) const
 QJsonObject StatementTally::json() const
 {
     QJsonObject counts{{QStringLiteral("sent"), m_sent},
-                       {QStringLiteral("columns added"), m_columnsAdded},
-                       {QStringLiteral("views created"), m_viewsCreated},
-                       {QStringLiteral("built-in rows written"), m_builtInRows},
-                       {QStringLiteral("accounts written"), m_accounts}};
+                       {QStringLiteral("columnsAdded"), m_columnsAdded},
+                       {QStringLiteral("viewsCreated"), m_viewsCreated},
+                       {QStringLiteral("viewsFailed"), m_viewsFailed},
+                       {QStringLiteral("builtInRowsWritten"), m_builtInRows},
+                       {QStringLiteral("accountsWritten"), m_accounts}};
     for (int result = 0; result < kStatementResults; ++result)
-        counts.insert(resultName(StatementResult(result)), m_byResult[result]);
+        counts.insert(resultKey(StatementResult(result)), m_byResult[result]);
     QJsonArray failures;
     for (const FailureGroup &group : failureGroups()) {
         QJsonArray indexes;

@@ -7,6 +7,9 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+#include <span>
+
 // The unexpected failures that share one message, in run order.
 struct FailureGroup
 {
@@ -27,6 +30,18 @@ struct MissingSource
     QString table;
 };
 
+// Each group's count and message, then its first `statementsEach` statements
+// (index, phase, first line of the text), one line each; every control
+// character escaped.
+QString failureListing(std::span<const FailureGroup> groups, qsizetype statementsEach);
+
+// What the statements of one phase took.
+struct PhaseTally
+{
+    int sent = 0;
+    qint64 nanoseconds = 0;
+};
+
 // Counts what a run did, statement by statement.
 class StatementTally
 {
@@ -41,9 +56,13 @@ public:
     int builtInRowsWritten() const { return m_builtInRows; }
     int accountsWritten() const { return m_accounts; }
     qsizetype sourceTablesMissing() const { return m_missingSources.size(); }
+    const PhaseTally &phase(Phase phase) const { return m_phases[int(phase)]; }
+    // The phase of the last statement sent; nothing before the first.
+    std::optional<Phase> lastPhase() const { return m_lastPhase; }
 
     // The most frequent message first; equal counts in the order they came.
-    QList<FailureGroup> failureGroups() const;
+    // With `phase`, only its statements, and only the messages they share.
+    QList<FailureGroup> failureGroups(std::optional<Phase> phase = std::nullopt) const;
 
     // Counts, then the failures by message: `verbose` shows every message and
     // every statement, else the first 20 messages with one statement each.
@@ -59,6 +78,8 @@ private:
     int m_viewsFailed = 0;
     int m_builtInRows = 0;
     int m_accounts = 0;
+    PhaseTally m_phases[kPhases];
+    std::optional<Phase> m_lastPhase;
     QList<FailureGroup> m_groups;
     QHash<QString, qsizetype> m_groupOf; // message -> its place in m_groups
     QList<MissingSource> m_missingSources;

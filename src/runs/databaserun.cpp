@@ -8,11 +8,11 @@
 #include "printabletext.h"
 #include "programversion.h"
 #include "reportline.h"
+#include "runjunit.h"
 #include "runplan.h"
 #include "whynotopen.h"
 
 #include <QElapsedTimer>
-#include <QJsonArray>
 #include <QFileInfo>
 
 namespace {
@@ -37,8 +37,14 @@ public:
     void setProgressMaximum(int maximum) override { m_maximum = maximum; }
     void setProgress(int value) override
     {
+        m_value = value;
         if (m_run.progress)
-            m_run.progress(value, m_maximum);
+            m_run.progress(m_phase, m_value, m_maximum);
+    }
+    void phaseStarted(Phase phase) override
+    {
+        m_phase = phase;
+        setProgress(m_value);
     }
     // Only a database that is missing is created: not one on a server that
     // cannot be reached or that refused the login.
@@ -97,6 +103,8 @@ private:
     StatementTally m_tally;
     std::optional<PreviewFindings> m_findings;
     std::optional<RunStop> m_cut;
+    std::optional<Phase> m_phase;
+    int m_value = 0;
     int m_maximum = 0;
 };
 
@@ -174,15 +182,19 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
     if (result->stop) {
         json.insert(QStringLiteral("stoppedAfter"), result->stop->afterStatement);
         json.insert(QStringLiteral("stopReason"), result->stop->detail);
-        json.insert(QStringLiteral("notSent"), result->notSent);
     }
     if (!result->reportError.isEmpty())
         json.insert(QStringLiteral("reportError"), result->reportError);
+    if (!result->junitError.isEmpty())
+        json.insert(QStringLiteral("junitError"), result->junitError);
     if (result->preview)
-        json.insert(QStringLiteral("would"), QJsonArray::fromStringList(result->preview->lines(result->tally)));
-    const QJsonObject tally = result->tally.json();
-    for (auto it = tally.begin(); it != tally.end(); ++it)
-        json.insert(it.key(), it.value());
+        json.insert(QStringLiteral("findings"), result->preview->json(result->tally));
+    json = merged(json, result->tally.json());
+    if (result->stop) {
+        QJsonObject counts = json.value(QLatin1String("counts")).toObject();
+        counts.insert(QStringLiteral("notSent"), result->notSent);
+        json.insert(QStringLiteral("counts"), counts);
+    }
     return json;
 }
 
@@ -193,11 +205,14 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     DatabaseRunResult result;
     result.started = QDateTime::currentDateTime();
     if (run.report) {
-        run.report->write(jsonLine(runContext(run, result.started)));
+        run.report->write(jsonLine(merged(jsonDocument(QStringLiteral("header")), runContext(run, result.started))));
         // What the report ends with if the program is ended at once.
-        run.report->setLastLine(jsonLine({{QStringLiteral("outcome"), outcomeName(RunOutcome::Interrupted)},
+        run.report->setLastLine(jsonLine({{QStringLiteral("type"), QStringLiteral("summary")},
+                                          {QStringLiteral("outcome"), outcomeName(RunOutcome::Interrupted)},
                                           {QStringLiteral("complete"), false}}));
     }
+    if (run.junit)
+        run.junit->setLastLine(junitXml({endedAtOnceSuite(run, result.started)}));
 
     mdZRT module(run.preview ? previewConnections(run.connections) : run.connections, run.server,
                  mdZRT::Fallback::SameServerAndLogin);
@@ -223,8 +238,11 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
         result.stop = host.cut().value_or(RunStop{StopCause::Interrupted, host.tally().sent(), QString()});
     result.seconds = double(timer.nsecsElapsed()) / 1e9;
 
+    if (run.junit && !(run.junit->write(junitXml({runSuite(run, result)})) && run.junit->commit()))
+        result.junitError = QStringLiteral("cannot write %1: %2").arg(run.junit->name(), run.junit->errorString());
     if (run.report) {
         QJsonObject end = runJson(result);
+        end.insert(QStringLiteral("type"), QStringLiteral("summary"));
         end.insert(QStringLiteral("complete"), result.end == RunEnd::Completed);
         end.insert(QStringLiteral("finished"), reportTime(QDateTime::currentDateTime()));
         for (const char *detail : {"failures", "sourceTablesMissing"})

@@ -27,11 +27,16 @@ struct DatabaseRun
     // Opened for writing: a context line, one line per statement and an end
     // line; committed when the run ends, however it ends.
     OutputFile *report = nullptr;
-    std::function<void(int value, int maximum)> progress;
+    // The phase under way (nothing before the first statement) and the run's
+    // progress, as the window's bar would show it.
+    std::function<void(std::optional<Phase> phase, int value, int maximum)> progress;
     const std::atomic<bool> *stop = nullptr; // asked before each statement
     // Runs every statement in one transaction and rolls it back: nothing is
     // created, committed or kept.
     bool preview = false;
+    // Opened for writing: the run as a JUnit test suite, committed when the
+    // run ends, however it ends.
+    OutputFile *junit = nullptr;
 };
 
 // Why a run that had begun ended before its last statement.
@@ -59,6 +64,7 @@ struct DatabaseRunResult
     std::optional<RunStop> stop;            // why it ended early
     int notSent = 0;                        // what a stop left unsent, as a new database would receive it
     QString reportError; // why its report could not be written
+    QString junitError;  // why its JUnit file could not be written
     std::optional<PreviewFindings> preview; // what the run would do, once the database opened
 };
 

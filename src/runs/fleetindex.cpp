@@ -39,12 +39,12 @@ QString row(const QJsonObject &run)
         : QStringLiteral("<a href=\"%1\">%2</a>").arg(QString::fromLatin1(QUrl::toPercentEncoding(report)), html(report));
     const QString note = (run.value(QLatin1String("reason")).toString() + QLatin1Char(' ')
                           + run.value(QLatin1String("reportError")).toString()).trimmed();
-    const int unexpected = counts.value(QLatin1String("failed")).toInt() + counts.value(QLatin1String("timed out")).toInt();
+    const int unexpected = counts.value(QLatin1String("failed")).toInt() + counts.value(QLatin1String("timedOut")).toInt();
     return QStringLiteral("<tr class=\"%1\">").arg(QString(outcome).replace(u' ', u'-'))
         + cell(run.value(QLatin1String("database")).toString(), "database") + cell(outcome, "outcome")
         + cell(number(counts.value(QLatin1String("sent"))), "number")
         + cell(counts.isEmpty() ? QString() : QString::number(unexpected), "number")
-        + cell(number(counts.value(QLatin1String("columns added"))), "number")
+        + cell(number(counts.value(QLatin1String("columnsAdded"))), "number")
         + cell(run.value(QLatin1String("started")).toString())
         + cell(number(run.value(QLatin1String("seconds")), 1), "number")
         + QLatin1String("<td>") + link + QLatin1String("</td>") + cell(note) + QLatin1String("</tr>\n");

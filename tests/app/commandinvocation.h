@@ -18,9 +18,11 @@ struct Invocation
 };
 
 // Runs `zrt ARGUMENTS` in this process, its servers reached through `sqlServer`;
-// its standard output is `standardOutput` when given.
+// its standard output is `standardOutput` when given; `terminal`: both
+// outputs are taken for a terminal.
 inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {},
-                         const std::atomic<bool> *stop = nullptr, QIODevice *standardOutput = nullptr)
+                         const std::atomic<bool> *stop = nullptr, QIODevice *standardOutput = nullptr,
+                         bool terminal = false)
 {
     Invocation result;
     QTextStream out(&result.out);
@@ -38,7 +40,7 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
                                timeouts.statementSeconds = statementSeconds;
                                return odbcConnectionsTo(odbc, timeouts);
                            },
-                           false, stop};
+                           terminal, stop, terminal};
     result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
     out.flush();
     err.flush();

@@ -13,6 +13,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QXmlStreamReader>
 
 using ServerSetup = std::function<void(ScriptedServer &)>;
 Q_DECLARE_METATYPE(ServerSetup)
@@ -158,6 +159,7 @@ private slots:
         QTest::newRow("empty --report") << kRun + QStringList{"--report", ""} << "--report : no file named";
         QTest::newRow("a folder as --output") << QStringList{"script", "--output", m_dir.path()} << "not a regular file";
         QTest::newRow("a link as --report") << kRun + QStringList{"--report", m_link} << "is a symbolic link";
+        QTest::newRow("a link as --junit") << kRun + QStringList{"--junit", m_link} << "cannot write --junit " + m_link;
         QTest::newRow("a link as --report-dir") << kRunAll + QStringList{"--report-dir", m_link} << "is a symbolic link";
         QTest::newRow("a folder that cannot be made") << kRunAll + QStringList{"--report-dir", m_fifo + "/x"} << "cannot make";
         QTest::newRow("a second server in --server")
@@ -341,6 +343,88 @@ private slots:
         QCOMPARE(lines.last().value("outcome").toString(), QStringLiteral("completed with failures"));
     }
 
+    void junitTellsEachPhase_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<ServerSetup>("setup");
+        QTest::addColumn<QString>("suite");
+        QTest::addColumn<QStringList>("problems"); // each failed or skipped case, how its element begins
+        const QStringList wholeRun = wholeRunFixtureStatements();
+        const QString stock = wholeRun.filter("CREATE VIEW dbo.Stock ").value(0);
+        const ServerSetup none = [](ScriptedServer &) {};
+        DbStatus lost = DbStatus::failure("Communication link failure\x1b[2J");
+        lost.connectionLost = true;
+        QTest::newRow("a clean run") << kRun << none << "zrt run QuorvexA" << QStringList();
+        QTest::newRow("one statement failed unexpectedly")
+            << kRun << failing(stock, DbStatus::failure("Invalid column name 'Type'.\x1b[2J", 207)) << "zrt run QuorvexA"
+            << QStringList{"view creates failure: 1 of 62 statements failed unexpectedly or timed out\n"
+                           "     1  Invalid column name 'Type'.\\x1B[2J\n        #"};
+        QTest::newRow("the connection was lost")
+            << kRun << failing(stock, lost) << "zrt run QuorvexA"
+            << QStringList{QStringLiteral("view creates failure: connection lost after statement #%1: Communication link "
+                                          "failure\\x1B[2J; %2 statements not sent\n")
+                               .arg(wholeRun.indexOf(stock) + 1)
+                               .arg(wholeRun.size() - wholeRun.indexOf(stock) - 1),
+                           "chart of accounts skipped: not sent: connection lost"};
+        QTest::newRow("a preview") << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA"} << none
+                                   << "zrt plan QuorvexA (preview, rolled back)" << QStringList();
+    }
+
+    void junitTellsEachPhase()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(ServerSetup, setup);
+        QFETCH(QString, suite);
+        QFETCH(QStringList, problems);
+        ScriptedServer server;
+        setup(server);
+        const QString path = m_dir.filePath(QStringLiteral("junit.xml"));
+        invoke(arguments + QStringList{"--junit", path}, server.connections());
+        QXmlStreamReader xml(fileBytes(path));
+        QStringList suites;
+        QStringList cases;
+        QStringList found;
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            const QString name = xml.attributes().value(xml.name() == QLatin1String("testsuite") ? "name" : "message").toString();
+            if (xml.name() == QLatin1String("testsuite"))
+                suites << name;
+            else if (xml.name() == QLatin1String("testcase"))
+                cases << xml.attributes().value("name").toString();
+            else if (xml.name() == QLatin1String("failure") || xml.name() == QLatin1String("skipped"))
+                found << cases.last() + " " + xml.name().toString() + ": " + name + "\n" + xml.readElementText();
+        }
+        QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+        QCOMPARE(suites, QStringList{suite});
+        QCOMPARE(cases, (QStringList{"open the database", "rebuilt table drops", "tables", "view drops", "view creates",
+                                     "chart of accounts"}));
+        QCOMPARE(found.size(), problems.size());
+        for (qsizetype i = 0; i < found.size(); ++i)
+            QVERIFY2(found[i].startsWith(problems[i]), qPrintable(found[i]));
+    }
+
+    void terminalOutput_data()
+    {
+        QTest::addColumn<QByteArray>("noColor"); // NO_COLOR's value; null: not set
+        QTest::newRow("a terminal") << QByteArray();
+        QTest::newRow("a terminal, NO_COLOR set empty") << QByteArray("");
+    }
+
+    void terminalOutput()
+    {
+        QFETCH(QByteArray, noColor);
+        if (!noColor.isNull())
+            qputenv("NO_COLOR", noColor);
+        ScriptedServer server;
+        const Invocation run = invoke(kRun, server.connections(), nullptr, nullptr, true);
+        qunsetenv("NO_COLOR");
+        QVERIFY2(run.out.endsWith(noColor.isNull() ? "\x1b[32mcompleted\x1b[0m: 493 statements, none failed unexpectedly\n"
+                                                    : "\ncompleted: 493 statements, none failed unexpectedly\n"),
+                 qPrintable(run.out));
+        QVERIFY2(run.err.contains("] view creates 80%"), qPrintable(run.err));
+    }
+
     void planStopsWhereItsTransactionEnds_data()
     {
         QTest::addColumn<QString>("tranCount"); // what the server says after an unexpected failure; empty: it fails
@@ -417,8 +501,9 @@ private slots:
         const QJsonObject counts = QJsonDocument::fromJson(ran.out.toUtf8())["counts"].toObject();
         const QStringList sent = outcomes(file + ".run");
         QCOMPARE(counts.value("sent").toInt(), sent.size());
-        for (const QString &result : {"succeeded", "already existed", "not there to drop", "failed"})
-            QCOMPARE(counts.value(result).toInt(), sent.filter(QRegularExpression("^" + result + " ")).size());
+        for (const auto &[key, result] : {std::pair("succeeded", "succeeded"), {"alreadyExisted", "already existed"},
+                                          {"notThereToDrop", "not there to drop"}, {"failed", "failed"}})
+            QCOMPARE(counts.value(key).toInt(), sent.filter(QRegularExpression(QLatin1String("^") + result + " ")).size());
         // The six rebuilt tables are dropped first, so a second run makes them again.
         QCOMPARE(sent.filter(QRegularExpression("^succeeded CREATE TABLE")).size(), runFirst ? 6 : 26);
     }
@@ -489,7 +574,7 @@ private slots:
         QCOMPARE(statements.load(), 601);
         QVERIFY(stopped.out.contains(QRegularExpression("QuorvexB +interrupted +107 sent")));
         QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexC\n")));
-        QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json"))["databases"][1]["notSent"].toInt(), 493 - 107);
+        QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json"))["databases"][1]["counts"]["notSent"].toInt(), 493 - 107);
         const QList<QJsonObject> partial = reportLines(dir + "/002-QuorvexB.jsonl");
         QCOMPARE(partial.size(), 1 + 107 + 1);
         QCOMPARE(partial.last().value("complete").toBool(true), false);

@@ -29,6 +29,7 @@ public:
         progress << value;
     }
     void yieldToPendingEvents() override { calls << "yield"; }
+    void phaseStarted(Phase phase) override { calls << QStringLiteral("phase %1").arg(int(phase)); }
     std::optional<DatabaseFile> chooseDatabaseFile() override
     {
         calls << "file dialog";
@@ -90,12 +91,14 @@ void TestMaintenanceRun::hostSeesTheRunInOrder()
 {
     Run run;
     run(QStringLiteral("QuorvexA"), {Step::execute(Action::DropTable, QStringLiteral("drop table [dbo].[tblX]")),
-                                     Step::progressMark(200)});
+                                     Step::progressMark(200),
+                                     Step::execute(Action::DropTable, QStringLiteral("drop table [dbo].[tblY]"))});
     QCOMPARE(run.host.calls, (QStringList{"caption 0%", "show", "maximum 1000", "front", "progress 100", "yield",
-                                          "progress 200", "caption 100%", "progress 1000", "hide process",
+                                          "phase 2", "progress 200", "caption 100%", "progress 1000", "hide process",
                                           "caption MANAGING DATABASE PROCESS HAS COMPLETED.", "show end"}));
     QCOMPARE(run.server.calls(),
-             (QStringList{kLocalPrefix + "QuorvexA;Data Source=", "execute drop table [dbo].[tblX]"}));
+             (QStringList{kLocalPrefix + "QuorvexA;Data Source=", "execute drop table [dbo].[tblX]",
+                          "execute drop table [dbo].[tblY]"}));
     // The run leaves the shared connection open on the database.
     QVERIFY(run.module.SharedConnection().isOpen());
 }

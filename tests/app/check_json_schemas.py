@@ -1,0 +1,80 @@
+#!/usr/bin/python3
+"""Runs zrt against the SQLite engine and validates every JSON document it
+prints and every line of every report it writes against docs/schema.
+
+Usage: check_json_schemas.py ZRT SQLITE_DBO_EXTENSION SCHEMA_FOLDER
+"""
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree
+
+from jsonschema import Draft202012Validator, RefResolver
+
+
+def validator(folder, name):
+    path = pathlib.Path(folder, f"{name}.schema.json").resolve()
+    schema = json.loads(path.read_text())
+    Draft202012Validator.check_schema(schema)
+    return Draft202012Validator(schema, resolver=RefResolver(path.as_uri(), schema),
+                                format_checker=Draft202012Validator.FORMAT_CHECKER)
+
+
+def faults(validator, document, where):
+    return [f"{where}: {'/'.join(map(str, error.absolute_path))}: {error.message}"
+            for error in validator.iter_errors(document)]
+
+
+def report_faults(validator, path):
+    if not path.exists():
+        return [f"{path.name}: not written"]
+    lines = [json.loads(line) for line in path.read_text().splitlines()]
+    kinds = [line.get("type") for line in lines]
+    found = [] if kinds and kinds[0] == "header" and kinds[-1] == "summary" and \
+        set(kinds[1:-1]) <= {"statement"} else [f"{path.name}: lines of types {kinds} out of order"]
+    for number, line in enumerate(lines, 1):
+        found += faults(validator, line, f"{path.name} line {number}")
+    return found
+
+
+def main(zrt, dbo, schemas):
+    documents = {name: validator(schemas, name) for name in ("run", "check", "list")}
+    report_line = validator(schemas, "report-line")
+    with tempfile.TemporaryDirectory() as folder:
+        database = pathlib.Path(folder, "Quorvex.db")
+        one = ["--mode", "LOCAL", "--database", str(database),
+               "--odbc", f"DRIVER={{SQLite3}};Database={database};LoadExt={dbo}"]
+        unopened = ["--mode", "LOCAL", "--database", "Quorvex", "--odbc", "DRIVER={No such driver}"]
+        # Name, arguments, exit status, schema of what it prints, report it writes.
+        rows = [
+            ("plan of a new database", ["plan", *one, "--report", "new.jsonl"], 3, "run", "new.jsonl"),
+            ("run", ["run", *one, "--report", "run.jsonl", "--junit", "run.xml"], 3, "run", "run.jsonl"),
+            ("plan of a database run once", ["plan", *one, "--report", "plan.jsonl"], 3, "run", "plan.jsonl"),
+            ("run that could not start", ["run", *unopened, "--report", "none.jsonl"], 4, "run", "none.jsonl"),
+            ("check", ["check", *one], 4, "check", None),
+            ("check that could not open", ["check", *unopened], 4, "check", None),
+            ("list of a server that cannot be reached",
+             ["list", "--mode", "LOCAL", "--server", "127.0.0.1,1"], 4, "list", None),
+        ]
+        found = []
+        for name, arguments, status, schema, report in rows:
+            ran = subprocess.run([zrt, *arguments, "--json"], cwd=folder, capture_output=True, text=True, timeout=60)
+            if ran.returncode != status:
+                found.append(f"{name}: exit {ran.returncode}, not {status}: {ran.stderr}")
+            try:
+                found += faults(documents[schema], json.loads(ran.stdout), name)
+            except json.JSONDecodeError as error:
+                found.append(f"{name}: not one JSON document ({error}): {ran.stdout!r}")
+            if report:
+                found += report_faults(report_line, pathlib.Path(folder, report))
+        xml.etree.ElementTree.parse(pathlib.Path(folder, "run.xml"))
+    for fault in found:
+        print(fault)
+    print(f"{len(rows)} commands checked, {len(found)} faults")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*(str(pathlib.Path(argument).resolve()) for argument in sys.argv[1:4])))
