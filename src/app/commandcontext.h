@@ -19,6 +19,7 @@ struct CommandContext
     std::function<ConnectionFactory(const QString &odbc, int statementSeconds)> odbc;
     bool terminal = false;                                    // draw a progress bar on err
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
+    int columns = 80;                                         // the terminal's width
 };
 
 // Exit statuses of every command; with --all the most serious of the databases'.

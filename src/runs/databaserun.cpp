@@ -1,5 +1,6 @@
 #include "databaserun.h"
 
+#include "connectionprofiles.h"
 #include "emptydatabasescript.h"
 #include "mdzrt.h"
 #include "odbckeywords.h"
@@ -71,6 +72,8 @@ public:
             checkPreviewTransaction();
         if (m_run.report)
             m_run.report->write(reportLine(m_tally.sent(), masked, QDateTime::currentDateTime()));
+        if (m_run.advanced)
+            m_run.advanced(m_tally.sent(), outcome.phase);
     }
     bool stopRequested() const override { return m_cut || (m_run.stop && m_run.stop->load()); }
 
@@ -147,6 +150,8 @@ QString outcomeName(RunOutcome outcome)
         return QStringLiteral("interrupted");
     case RunOutcome::NotDone:
         return QStringLiteral("not done");
+    case RunOutcome::NotStarted:
+        return QStringLiteral("not started");
     }
     Q_UNREACHABLE();
 }
@@ -199,8 +204,8 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
                                           {QStringLiteral("complete"), false}}));
     }
 
-    mdZRT module(run.preview ? previewConnections(run.connections) : run.connections, run.server,
-                 mdZRT::Fallback::SameServerAndLogin);
+    mdZRT module(run.preview ? previewConnections(run.connections) : run.connections,
+                 ConnectionProfiles::runDataSource(run.mode, run.server), mdZRT::Fallback::SameServerAndLogin);
     HeadlessHost host(run, module);
     CheckRecordsets recordsets;
     MaintenanceRun maintenance(module, host, recordsets);

@@ -19,7 +19,7 @@ class OutputFile;
 struct DatabaseRun
 {
     QString mode;
-    QString server; // the data source; empty: the local default instance
+    QString server; // the data source (empty: the local default instance); in ONLINE mode only whether it opens
     QString database;
     QString target; // where, as headers and reports name it, without secrets
     ConnectionFactory connections;
@@ -32,6 +32,8 @@ struct DatabaseRun
     // Runs every statement in one transaction and rolls it back: nothing is
     // created, committed or kept.
     bool preview = false;
+    // Told after each statement: how many were sent, and the last one's phase.
+    std::function<void(int sent, Phase phase)> advanced;
 };
 
 // Why a run that had begun ended before its last statement.
@@ -72,7 +74,9 @@ enum class RunOutcome {
     CouldNotStart,
     Interrupted,
     NotDone,
+    NotStarted, // kept from starting by --max-failures
 };
+inline constexpr int kRunOutcomes = int(RunOutcome::NotStarted) + 1;
 
 RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result);
 QString outcomeName(RunOutcome outcome);
