@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <span>
 
 namespace {
@@ -99,8 +100,8 @@ std::optional<Fault> readFleet(const toml::table &root, const FleetServerCheck &
         return fault;
     if (const toml::node *jobs = root.get("jobs")) {
         const std::optional<int64_t> value = jobs->value_exact<int64_t>();
-        if (!value || *value < 1 || *value > 1000)
-            return Fault{lineOf(jobs->source()), QStringLiteral("jobs"), QStringLiteral("must be a whole number from 1 to 1000")};
+        if (!value || *value < 1 || *value > std::numeric_limits<int>::max())
+            return Fault{lineOf(jobs->source()), QStringLiteral("jobs"), QStringLiteral("must be a whole number from 1 up")};
         fleet.jobs = int(*value);
     }
     const toml::array *servers = root["server"].as_array();

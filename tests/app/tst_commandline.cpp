@@ -601,10 +601,11 @@ private slots:
         QVERIFY(fleet.open(QIODevice::WriteOnly | QIODevice::Truncate) && fleet.write(file) == file.size());
         fleet.close();
         ScriptedServer server;
-        const Invocation run = invoke({"run", "--fleet", path, "--report-dir", m_dir.filePath("unmade")}, server.connections());
+        const QString unmade = m_dir.filePath(QTest::currentDataTag());
+        const Invocation run = invoke({"run", "--fleet", path, "--report-dir", unmade}, server.connections());
         QCOMPARE(run.exit, 2);
         QVERIFY2(run.err.startsWith("zrt run: " + path + named), qPrintable(run.err));
-        QVERIFY(server.logs().isEmpty() && !QFileInfo::exists(m_dir.filePath("unmade")));
+        QVERIFY(server.logs().isEmpty() && !QFileInfo::exists(unmade));
     }
 
     void fleetAcrossServers()
