@@ -81,7 +81,8 @@ struct FleetResults : FleetRecord
     std::vector<std::optional<Result>> results; // nothing: never ended
 };
 
-// Lists each server that a retry does not name databases for.
+// The servers' databases in turn, each server's as it lists them (or as a
+// retry names them) and its patterns admit, with their report files' names.
 FleetRecord listFleet(const QList<FleetServer> &servers);
 
 template <typename Result>
