@@ -61,7 +61,8 @@ zrt=$root/usr/bin/zrt
 
 stage "the programs"
 [ "$("$zrt" --version)" = "zrt $version" ] || fail "zrt --version does not print zrt $version"
-"$zrt" help run | grep -q -- "zrt run --all" || fail "zrt help run does not show the forms of run"
+# Read whole first: grep -q leaving early would close the pipe under zrt, which then ends as interrupted.
+grep -q -- "zrt run --all" <<<"$("$zrt" help run)" || fail "zrt help run does not show the forms of run"
 ! ldd "$zrt" | grep -Eq 'libQt6(Gui|Widgets)' || fail "zrt links Qt's GUI: $(ldd "$zrt")"
 [ "$("$root/usr/bin/zrt-window" --version)" = "zrt-window $version" ] || fail "zrt-window --version"
 for package in zrt zrt-window; do
