@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 bash scripts/install_missing.sh cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev unixodbc \
-    unixodbc-dev odbcinst tdsodbc libsqliteodbc
+    unixodbc-dev odbcinst tdsodbc libsqliteodbc libtomlplusplus-dev
 
 register_driver() { # name, library file
     if ! odbcinst -q -d -n "$1" >/dev/null 2>&1; then

@@ -2,13 +2,13 @@
 
 #include "commandoptions.h"
 #include "databasecheck.h"
-#include "databaselisting.h"
 #include "exitstatus.h"
+#include "fleetdisplay.h"
+#include "fleetoptions.h"
 #include "printabletext.h"
 #include "reportline.h"
 #include "terminalcolour.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -66,50 +66,26 @@ void printReport(QTextStream &out, const SchemaDrift &drift, bool terminal)
     out << tinted(differencesText(drift), drift.differences() == 0 ? Tint::Green : Tint::Yellow, terminal) << "\n";
 }
 
-QJsonArray columnsJson(const QList<ColumnFinding> &findings)
+int exitStatus(CheckOutcome outcome)
 {
-    QJsonArray array;
-    for (const ColumnFinding &finding : findings) {
-        QJsonObject object{{QStringLiteral("table"), finding.table}, {QStringLiteral("column"), finding.column}};
-        if (!finding.expected.isEmpty())
-            object.insert(QStringLiteral("expected"), finding.expected);
-        if (!finding.found.isEmpty())
-            object.insert(QStringLiteral("found"), finding.found);
-        array.append(object);
-    }
-    return array;
-}
-
-int exitStatus(const DatabaseCheckResult &result)
-{
-    if (!result.drift)
+    switch (outcome) {
+    case CheckOutcome::Matches:
+        return kExitOk;
+    case CheckOutcome::Differs:
+        return kExitDiffers;
+    case CheckOutcome::CouldNotBeRead:
         return kExitNothingDone;
-    return result.drift->differences() == 0 ? kExitOk : kExitDiffers;
+    case CheckOutcome::NotDone:
+        return kExitInterrupted;
+    case CheckOutcome::NotStarted:
+        return kExitFailures;
+    }
+    Q_UNREACHABLE();
 }
 
-QJsonObject checkJson(const QString &database, const DatabaseCheckResult &result)
+QString resultText(const DatabaseCheckResult &result)
 {
-    QJsonObject json{{QStringLiteral("database"), database}, {QStringLiteral("exit"), exitStatus(result)}};
-    if (!result.drift) {
-        json.insert(QStringLiteral("error"), result.error);
-        return json;
-    }
-    const SchemaDrift &drift = *result.drift;
-    QJsonArray notInstallable;
-    for (const UninstallableView &view : drift.uninstallableViews)
-        notInstallable.append(QJsonObject{{QStringLiteral("view"), view.view},
-                                          {QStringLiteral("missingTables"), QJsonArray::fromStringList(view.missingTables)}});
-    json.insert(QStringLiteral("matches"), drift.differences() == 0);
-    json.insert(QStringLiteral("differences"), qint64(drift.differences()));
-    json.insert(QStringLiteral("missingTables"), QJsonArray::fromStringList(drift.missingTables));
-    json.insert(QStringLiteral("missingColumns"), columnsJson(drift.missingColumns));
-    json.insert(QStringLiteral("differingColumns"), columnsJson(drift.differingColumns));
-    json.insert(QStringLiteral("missingViews"), QJsonArray::fromStringList(drift.missingViews));
-    json.insert(QStringLiteral("notInstallableViews"), notInstallable);
-    json.insert(QStringLiteral("extraTables"), QJsonArray::fromStringList(drift.extraTables));
-    json.insert(QStringLiteral("extraColumns"), columnsJson(drift.extraColumns));
-    json.insert(QStringLiteral("extraViews"), QJsonArray::fromStringList(drift.extraViews));
-    return json;
+    return result.drift ? differencesText(*result.drift) : escapedControls(result.error);
 }
 
 void printJson(QTextStream &out, const QJsonObject &object)
@@ -122,62 +98,71 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
     const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("check"), context);
     if (!choice)
         return kExitUsage;
+    const QString target = targetName(parser, choice->mode);
     if (!json)
         context.out << headerLine(QStringLiteral("check"),
-                                  QStringLiteral("database '%1', %2, mode %3").arg(choice->database, targetName(parser), choice->mode),
+                                  QStringLiteral("database '%1', %2, mode %3").arg(choice->database, target, choice->mode),
                                   QDateTime::currentDateTime());
-    const DatabaseCheckResult result = checkDatabase(choice->mode, choice->server, choice->database,
-                                                     targetName(parser), chosenConnections(parser, context));
-    if (json)
-        printJson(context.out, merged(jsonDocument(QStringLiteral("check")), checkJson(choice->database, result)));
-    else if (result.drift)
+    const DatabaseCheckResult result = checkDatabase(choice->mode, choice->server, choice->database, target,
+                                                     chosenConnections(parser, context));
+    const int status = exitStatus(checkOutcomeOf(result));
+    if (json) {
+        QJsonObject document = merged(jsonDocument(QStringLiteral("check")), checkJson(result));
+        document.insert(QStringLiteral("database"), choice->database);
+        document.insert(QStringLiteral("exit"), status);
+        printJson(context.out, document);
+    } else if (result.drift) {
         printReport(context.out, *result.drift, context.outTerminal);
-    else
+    } else {
         context.err << "zrt check: " << escapedControls(result.error) << "\n";
-    return exitStatus(result);
+    }
+    return status;
 }
 
-int checkAll(const QCommandLineParser &parser, const QString &mode, bool json, CommandContext &context)
+int checkAll(const QCommandLineParser &parser, bool json, CommandContext &context)
 {
-    const QString server = parser.value(QStringLiteral("server"));
+    const std::optional<FleetWork> work = checkedFleet(parser, QStringLiteral("check"), context, kDefaultStatementSeconds);
+    if (!work)
+        return kExitUsage;
+    AllChecks checks;
+    static_cast<FleetWork &>(checks) = *work;
+    FleetDisplay display(context, context.terminal && !json);
     if (!json)
-        context.out << headerLine(QStringLiteral("check --all"), QStringLiteral("server %1, mode %2").arg(server, mode),
-                                  QDateTime::currentDateTime());
+        printFleetHeader(parser, checks, context);
+    checks.started = [&display](const FleetRecord &fleet, qsizetype database) { display.started(fleet, database); };
+    checks.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseCheckResult &result) {
+        const QString line = fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
+            + resultText(result) + QLatin1Char('\n');
+        display.ended(database, json ? QString() : line, !result.drift);
+    };
+    const AllChecksResult all = checkAllDatabases(checks);
+    display.finish();
     int status = kExitOk;
-    int byStatus[kExitNothingDone + 1] = {};
-    QJsonArray databases;
-    const AllChecksResult all = checkAllDatabases(mode, server, context.sqlServer(kDefaultStatementSeconds), context.stop,
-                                                  [&](const QString &database, const DatabaseCheckResult &result) {
-        status = moreSerious(status, exitStatus(result));
-        ++byStatus[exitStatus(result)];
-        databases.append(checkJson(database, result));
-        if (json)
-            return;
-        context.out << escapedControls(database).leftJustified(30) << "  "
-                    << (result.drift ? differencesText(*result.drift) : escapedControls(result.error)) << "\n";
-        context.out.flush();
-    });
-    if (all.listing.failed())
-        status = kExitNothingDone;
-    else if (all.checked < all.databases.size())
-        status = kExitInterrupted;
-    if (json) {
-        QJsonObject document{{QStringLiteral("server"), server}, {QStringLiteral("mode"), mode},
-                             {QStringLiteral("databases"), databases}, {QStringLiteral("exit"), status}};
-        if (all.listing.failed())
-            document.insert(QStringLiteral("error"), listingFailureText(all.listing, QLatin1String("server ") + server));
-        printJson(context.out, document);
-    } else if (all.listing.failed()) {
-        context.err << "zrt check: " << escapedControls(listingFailureText(all.listing, QLatin1String("server ") + server))
-                    << "\n";
-    } else {
-        context.out << QStringLiteral("%1 databases: %2 match, %3 differ, %4 could not be read, %5 not checked\n")
-                           .arg(all.databases.size())
-                           .arg(byStatus[kExitOk])
-                           .arg(byStatus[kExitDiffers])
-                           .arg(byStatus[kExitNothingDone])
-                           .arg(all.databases.size() - all.checked);
+    int byOutcome[kCheckOutcomes] = {};
+    for (const ListingOutcome &listing : all.listings)
+        status = listing.failed() ? kExitNothingDone : status;
+    for (qsizetype i = 0; i < all.databases.size(); ++i) {
+        ++byOutcome[int(fleetOutcome(all, i))];
+        status = moreSerious(status, exitStatus(fleetOutcome(all, i)));
     }
+    status = withLostReport(status, !all.indexErrors.isEmpty());
+    if (json) {
+        QJsonObject index = all.index;
+        index.insert(QStringLiteral("exit"), status);
+        if (checks.folder)
+            index.insert(QStringLiteral("folder"), *checks.folder);
+        printJson(context.out, index);
+        return status;
+    }
+    printListingFailures(checks.command, checks.servers, all, context);
+    context.out << QStringLiteral("%1 databases: %2 match, %3 differ, %4 could not be read, %5 not checked\n")
+                       .arg(all.databases.size())
+                       .arg(byOutcome[int(CheckOutcome::Matches)])
+                       .arg(byOutcome[int(CheckOutcome::Differs)])
+                       .arg(byOutcome[int(CheckOutcome::CouldNotBeRead)])
+                       .arg(byOutcome[int(CheckOutcome::NotDone)] + byOutcome[int(CheckOutcome::NotStarted)]);
+    for (const QString &error : all.indexErrors)
+        context.err << "zrt check: " << escapedControls(error) << "\n";
     return status;
 }
 
@@ -189,8 +174,5 @@ int checkCommand(const QStringList &arguments, CommandContext &context)
     if (const std::optional<int> exit = parseOptions(parser, QStringLiteral("check"), arguments, context))
         return *exit;
     const bool json = parser.isSet(QStringLiteral("json"));
-    if (!parser.isSet(QStringLiteral("all")))
-        return checkOne(parser, json, context);
-    const std::optional<QString> mode = checkedMode(parser, QStringLiteral("check"), context);
-    return mode ? checkAll(parser, *mode, json, context) : kExitUsage;
+    return namesAFleet(parser) ? checkAll(parser, json, context) : checkOne(parser, json, context);
 }

@@ -2,6 +2,5 @@
 
 #include "commandcontext.h"
 
-// zrt check --mode MODE --database NAME [--server NAME | --odbc STRING] [--json]
-// zrt check --all --mode MODE --server NAME [--json]
+// zrt check, one database or a fleet: what each lacks of what a run leaves.
 int checkCommand(const QStringList &arguments, CommandContext &context);

@@ -20,6 +20,7 @@ struct CommandContext
     bool terminal = false;                                    // err is a terminal: draw a progress bar, colour
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
     bool outTerminal = false;                                 // out is a terminal: colour the outcomes
+    int columns = 80;                                         // the terminal's width
 };
 
 // Exit statuses of every command; with --all the most serious of the databases'.

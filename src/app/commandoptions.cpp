@@ -8,16 +8,6 @@
 
 namespace {
 
-// A server name that the ODBC driver would read as keywords of its own.
-bool holdsKeywordCharacters(const QString &server)
-{
-    for (const QChar c : server) {
-        if (c == u';' || c == u'{' || c == u'}' || c == u'=')
-            return true;
-    }
-    return false;
-}
-
 // The database a given ODBC string names with its DATABASE keyword, if any
 // of them names another than `database`.
 std::optional<QString> otherDatabase(const QString &odbc, const QString &database)
@@ -117,24 +107,45 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
         context.err << "zrt " << command << ": " << refusal << "\n";
         return kExitUsage;
     }
-    // Wherever a server is named: the ODBC driver would read these as more of its keywords.
-    if (const QString server = parser.value(QStringLiteral("server")); holdsKeywordCharacters(server)) {
-        context.err << "zrt " << command << ": the server name '" << escapedControls(server)
-                    << "' holds one of ; { } =, which the ODBC driver would read as more of its keywords\n";
+    if (const QString refusal = serverNameRefusal(parser.value(QStringLiteral("server"))); !refusal.isEmpty()) {
+        context.err << "zrt " << command << ": " << refusal << "\n";
         return kExitUsage;
     }
     return std::nullopt;
 }
 
+QString serverNameRefusal(const QString &server)
+{
+    for (const QChar c : server) {
+        if (c == u';' || c == u'{' || c == u'}' || c == u'=')
+            return QStringLiteral("the server name '%1' holds one of ; { } =, which the ODBC driver would read as more "
+                                  "of its keywords")
+                .arg(escapedControls(server));
+    }
+    return QString();
+}
+
+std::optional<QString> modeNamed(const QString &text)
+{
+    for (const char *name : modeNames()) {
+        if (text.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
+            return QString::fromLatin1(name);
+    }
+    return std::nullopt;
+}
+
+QString unknownModeText(const QString &text)
+{
+    return QStringLiteral("unknown mode '%1' (OFFLINE, LOCAL or ONLINE)").arg(escapedControls(text));
+}
+
 std::optional<QString> checkedMode(const QCommandLineParser &parser, const QString &command, CommandContext &context)
 {
     const QString mode = parser.value(QStringLiteral("mode"));
-    for (const char *name : modeNames()) {
-        if (mode.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
-            return QString::fromLatin1(name);
-    }
-    context.err << "zrt " << command << ": unknown mode '" << escapedControls(mode) << "' (OFFLINE, LOCAL or ONLINE)\n";
-    return std::nullopt;
+    const std::optional<QString> named = modeNamed(mode);
+    if (!named)
+        context.err << "zrt " << command << ": " << unknownModeText(mode) << "\n";
+    return named;
 }
 
 std::optional<QString> givenOdbc(const QCommandLineParser &parser)
@@ -168,11 +179,15 @@ std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, con
     return std::nullopt;
 }
 
-QString targetName(const QCommandLineParser &parser)
+QString targetName(const QCommandLineParser &parser, const QString &mode)
 {
     if (const std::optional<QString> odbc = givenOdbc(parser))
         return QLatin1String("ODBC ") + withoutPasswords(*odbc);
-    const QString server = parser.value(QStringLiteral("server"));
+    return serverTarget(ConnectionProfiles::runDataSource(mode, parser.value(QStringLiteral("server"))));
+}
+
+QString serverTarget(const QString &server)
+{
     return server.isEmpty() ? QStringLiteral("the local default instance") : QLatin1String("server ") + server;
 }
 
@@ -194,9 +209,8 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
         return std::nullopt;
     }
     const std::optional<QString> odbc = givenOdbc(parser);
-    // ONLINE opens only the hosted servers, whatever string it is given.
     if (odbc && *mode == QLatin1String(ConnectionProfiles::kOnline)) {
-        context.err << "zrt " << command << ": --odbc and ZRT_ODBC go with --mode OFFLINE or LOCAL, not ONLINE\n";
+        context.err << "zrt " << command << ": " << kOdbcNotOnline << "\n";
         return std::nullopt;
     }
     // The program names the database at login; a string naming another

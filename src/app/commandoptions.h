@@ -41,9 +41,17 @@ std::optional<QString> givenOdbc(const QCommandLineParser &parser);
 ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context,
                                     int statementSeconds = kDefaultStatementSeconds);
 
-// Where the database is, as headers and reports name it: the server, or the
-// --odbc string with its password masked.
-QString targetName(const QCommandLineParser &parser);
+// Where the database is, as headers and reports name it: the server (none in
+// ONLINE mode), or the --odbc string with its password masked.
+QString targetName(const QCommandLineParser &parser, const QString &mode);
+// A data source as messages name it.
+QString serverTarget(const QString &server);
+
+// ONLINE opens only the hosted servers, whatever string it is given.
+inline constexpr char kOdbcNotOnline[] = "--odbc and ZRT_ODBC go with --mode OFFLINE or LOCAL, not ONLINE";
+
+// Why a server name cannot be used, or nothing.
+QString serverNameRefusal(const QString &server);
 
 
 // The first line of a command's output: the program's version, what it works
@@ -54,6 +62,10 @@ QString headerLine(const QString &command, const QString &subject, const QDateTi
 // given, else a usage message.
 std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, const QString &command,
                                            CommandContext &context);
+
+// The mode a text names in any letter case, in upper case.
+std::optional<QString> modeNamed(const QString &text);
+QString unknownModeText(const QString &text);
 
 // The mode given, in any letter case, as the upper-case mode; else a usage message.
 std::optional<QString> checkedMode(const QCommandLineParser &parser, const QString &command, CommandContext &context);

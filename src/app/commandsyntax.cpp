@@ -8,7 +8,15 @@
 namespace {
 
 constexpr OptionSyntax kOptions[] = {
-    {"all", "", ValueKind::None, "Every database that the server lists, each on a connection of its own."},
+    {"all", "", ValueKind::None,
+     "Every database that the server lists (or that the --odbc string reaches), each on a connection of its own."},
+    {"fleet", "FILE", ValueKind::File,
+     "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with server, mode, "
+     "and optional odbc_env (the name of an environment variable holding the server's ODBC string), include and "
+     "exclude (glob patterns over the names); a top-level jobs is the default of --jobs."},
+    {"retry", "FOLDER", ValueKind::Folder,
+     "Only the databases that an earlier invocation, whose folder is FOLDER, did not complete (for check: that "
+     "did not match), on the servers they were on; the new folder goes beside FOLDER unless --report-dir says."},
     {"mode", "MODE", ValueKind::Mode, "OFFLINE, LOCAL or ONLINE, in any letter case."},
     {"database", "NAME", ValueKind::Text, "The database."},
     {"server", "NAME", ValueKind::Text,
@@ -24,8 +32,12 @@ constexpr OptionSyntax kOptions[] = {
     {"junit", "FILE", ValueKind::File,
      "Write the run to FILE as a JUnit XML test suite, as CI systems read it: a test case per phase, failed "
      "with the messages of its statements that failed unexpectedly."},
-    {"jobs", "N", ValueKind::Text, "At most N databases at once (default 4)."},
-    {"report-dir", "DIR", ValueKind::Folder, "One report per database, index.json and index.html in DIR."},
+    {"jobs", "N", ValueKind::Text, "At most N databases at once (default: a fleet file's jobs, else 8)."},
+    {"max-failures", "N", ValueKind::Text,
+     "Start no database once N have ended with unexpected failures; the rest are not started (exit 3)."},
+    {"report-dir", "DIR", ValueKind::Folder,
+     "A new folder in DIR for this invocation, YYYYMMDD-HHMMSS-COMMAND, with index.json, index.html and, for run "
+     "and plan, one report per database."},
     {"statement-timeout", "SECONDS", ValueKind::Text,
      "A statement still running after SECONDS fails as timed out and the run goes on (default 30; 0 waits "
      "for ever)."},
@@ -36,15 +48,25 @@ constexpr OptionSyntax kOptions[] = {
 };
 
 constexpr FormSyntax kScriptForms[] = {{"", "[--output FILE]"}};
-constexpr FormSyntax kListForms[] = {{"", "--mode MODE --server NAME [--json]"}};
+constexpr FormSyntax kListForms[] = {
+    {"", "--mode MODE [--server NAME | --odbc STRING] [--json]"},
+    {"fleet", "--fleet FILE [--json]"},
+};
 constexpr FormSyntax kRunForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--create-at FILEBASE] [--report FILE] "
          "[--junit FILE] [--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
-    {"all", "--all --mode MODE --server NAME [--jobs N] [--report-dir DIR] [--statement-timeout SECONDS] [--json]"},
+    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
+            "[--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
+    {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] "
+              "[--json | --quiet | --verbose]"},
+    {"retry", "--retry FOLDER [--odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
+              "[--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
 };
 constexpr FormSyntax kCheckForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--json]"},
-    {"all", "--all --mode MODE --server NAME [--json]"},
+    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
+    {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
+    {"retry", "--retry FOLDER [--odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
 };
 constexpr FormSyntax kHelpForms[] = {{"", "[COMMAND]"}};
 
@@ -54,7 +76,9 @@ constexpr CommandSyntax kCommands[] = {
      "order, each followed by a line holding only GO."},
     {"list", "list the Quorvex databases of a server", kListForms,
      "Prints the Quorvex databases of the server, one per line, as the window lists\n"
-     "them. Exit 4 when the server cannot be reached."},
+     "them; with --odbc or ZRT_ODBC the string reaches the server. With --fleet,\n"
+     "each server's databases that its patterns admit, each line the server, a tab\n"
+     "and the name. Exit 4 when a server cannot be reached."},
     {"run", "run the maintenance on one database, with a summary and a report", kRunForms,
      "Runs the maintenance on one database, as the window does, and prints what\n"
      "its statements did, failures grouped by message. ONLINE mode opens only on\n"
@@ -64,11 +88,14 @@ constexpr CommandSyntax kCommands[] = {
      "missing is created only with --create-at, on the chosen server; otherwise\n"
      "nothing is sent (exit 4). The run never goes on in the fallback on tempdb.\n"
      "A lost connection ends the run. With --all every database that the server\n"
-     "lists is run, each on its own connection, with a line for each as it ends;\n"
-     "Ctrl-C starts no further run and stops the running ones after their current\n"
-     "statement. Exit 0 completed, 3 statements failed unexpectedly or timed out,\n"
-     "the connection was lost or a file could not be written, 4 nothing could be\n"
-     "applied, 130 interrupted."},
+     "lists is run (with --odbc or ZRT_ODBC, through that string, each database\n"
+     "named at login), with --fleet those of every server of the file, with\n"
+     "--retry those an earlier invocation did not complete; each on its own\n"
+     "connection, with a line for each as it ends, and on a terminal a line of\n"
+     "progress. Ctrl-C starts no further run and stops the running ones after\n"
+     "their current statement. Exit 0 completed, 3 statements failed unexpectedly\n"
+     "or timed out, the connection was lost, --max-failures stopped the fleet or\n"
+     "a file could not be written, 4 nothing could be applied, 130 interrupted."},
     {"plan", "what a run would do to a database: run, then rolled back", kRunForms,
      "Shows what a run would do to the database, in the run's own words, and\n"
      "leaves it as it was: it opens the database as run does, turns autocommit\n"
@@ -86,9 +113,10 @@ constexpr CommandSyntax kCommands[] = {
      "and lists what is missing or of another type or width. Tables, columns and\n"
      "views of its own are listed as left alone; views that read a table no run\n"
      "creates and the database lacks are listed as not installable here. Neither\n"
-     "counts as a difference. Only reads: it sends nothing but Selects. With --all\n"
-     "every database the server lists is checked, one line each. Exit 0 when the\n"
-     "database matches, 1 when it differs, 4 when it cannot be opened or read."},
+     "counts as a difference. Only reads: it sends nothing but Selects. With --all,\n"
+     "--fleet or --retry the databases are checked as run takes them, up to --jobs\n"
+     "at once, one line each. Exit 0 when the database matches, 1 when it differs,\n"
+     "4 when it cannot be opened or read."},
     {"help", "the help of zrt, or of one command", kHelpForms,
      "Prints the help of zrt, or of COMMAND: its usage, what it does and its options."},
 };
@@ -107,6 +135,7 @@ constexpr TermSyntax kEnvironment[] = {
     {"ZRT_ONLINE_SERVER", "the host of the hosted server of ONLINE mode"},
     {"ZRT_ENCRYPT", "request (default) or require an encrypted connection;\nuse require with the hosted ONLINE server"},
     {"ZRT_ODBC", "an ODBC connection string used as --odbc is, where\nneither --odbc nor --server is given"},
+    {"NAME", "in a fleet file, odbc_env = \"NAME\" names a variable that\nholds that server's ODBC string"},
     {"DISPLAY", "without a command, zrt opens the window where this,\nWAYLAND_DISPLAY or QT_QPA_PLATFORM is set"},
     {"NO_COLOR", "set to anything, even empty: no colours on a terminal"},
 };
@@ -293,7 +322,7 @@ QString programHelp()
                            "\n"
                            "Exit status, the same for every command:\n");
     help += termList(kExitStatuses, 7);
-    help += QStringLiteral("With --all, the most serious status of any database.\n\nEnvironment:\n");
+    help += QStringLiteral("With --all, --fleet or --retry, the most serious status of any database.\n\nEnvironment:\n");
     help += termList(kEnvironment, 22);
     return help;
 }

@@ -20,13 +20,14 @@ inline int withLostReport(int status, bool lost)
     return lost ? moreSerious(status, kExitFailures) : status;
 }
 
-inline int exitStatusOf(const std::optional<DatabaseRunResult> &result)
+inline int exitStatusOf(RunOutcome outcome, const std::optional<DatabaseRunResult> &result)
 {
-    switch (outcomeOf(result)) {
+    switch (outcome) {
     case RunOutcome::Completed:
         return kExitOk;
     case RunOutcome::CompletedWithFailures:
     case RunOutcome::PreviewStopped:
+    case RunOutcome::NotStarted: // a stop rule ended the fleet part-way
         return kExitFailures;
     case RunOutcome::ConnectionLost:
         return result->tally.count(StatementResult::Succeeded) == 0 ? kExitNothingDone : kExitFailures;
@@ -38,4 +39,9 @@ inline int exitStatusOf(const std::optional<DatabaseRunResult> &result)
         return kExitInterrupted;
     }
     Q_UNREACHABLE();
+}
+
+inline int exitStatusOf(const std::optional<DatabaseRunResult> &result)
+{
+    return exitStatusOf(outcomeOf(result), result);
 }

@@ -2,5 +2,5 @@
 
 #include "commandcontext.h"
 
-// zrt list --mode MODE --server NAME
+// zrt list: the Quorvex databases of a server, or of each server of a fleet.
 int listCommand(const QStringList &arguments, CommandContext &context);

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <sys/ioctl.h>
 #include <cstdlib>
 #include <cstdio>
 #include <thread>
@@ -81,5 +82,7 @@ int main(int argc, char *argv[])
                                return odbcConnectionsTo(odbc, timeouts(statementSeconds));
                            },
                            isatty(fileno(stderr)) != 0, &interrupted, isatty(fileno(stdout)) != 0};
+    if (winsize size{}; ::ioctl(fileno(stderr), TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+        context.columns = size.ws_col;
     return runCommandLine(application.arguments(), context);
 }

@@ -1,13 +1,15 @@
 #include "runallcommand.h"
 
+#include "allruns.h"
 #include "commandoptions.h"
-#include "databaselisting.h"
+#include "emptydatabasescript.h"
 #include "exitstatus.h"
-#include "fleetindex.h"
-#include "outputfile.h"
+#include "fleetdisplay.h"
+#include "fleetoptions.h"
 #include "printabletext.h"
+#include "runplan.h"
+#include "statementresult.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -17,7 +19,7 @@ QString finishedLine(const QString &database, const DatabaseRunResult &result)
 {
     const RunOutcome outcome = outcomeOf(result);
     const QString start = QStringLiteral("%1  %2  ").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
-                                                        escapedControls(database).leftJustified(30));
+                                                        database.leftJustified(30));
     if (outcome == RunOutcome::CouldNotStart)
         return start + QLatin1String("could not start: ") + escapedControls(result.reason) + QLatin1Char('\n');
     return start
@@ -29,11 +31,20 @@ QString finishedLine(const QString &database, const DatabaseRunResult &result)
               .arg(result.seconds, 6, 'f', 1);
 }
 
+// Under a database's line with --verbose: its failures by message.
+QString failureLines(const DatabaseRunResult &result)
+{
+    QString lines;
+    for (const FailureGroup &group : result.tally.failureGroups())
+        lines += QStringLiteral("          %1  %2\n").arg(group.statements.size(), 4).arg(escapedControls(group.message));
+    return lines;
+}
+
 QString totalsLine(const AllRunsResult &all)
 {
     const FleetTotals totals = fleetTotals(all);
     QStringList outcomes;
-    for (int outcome = 0; outcome <= int(RunOutcome::NotDone); ++outcome) {
+    for (int outcome = 0; outcome < kRunOutcomes; ++outcome) {
         if (totals.byOutcome[outcome] > 0)
             outcomes << QStringLiteral("%1 %2").arg(totals.byOutcome[outcome]).arg(outcomeName(RunOutcome(outcome)));
     }
@@ -48,8 +59,11 @@ int allExitStatus(const AllRunsResult &all)
 {
     int status = kExitOk;
     bool lost = !all.indexErrors.isEmpty();
-    for (const std::optional<DatabaseRunResult> &result : all.results) {
-        status = moreSerious(status, exitStatusOf(result));
+    for (const ListingOutcome &listing : all.listings)
+        status = listing.failed() ? kExitNothingDone : status;
+    for (qsizetype i = 0; i < all.databases.size(); ++i) {
+        const std::optional<DatabaseRunResult> &result = all.results[i];
+        status = moreSerious(status, exitStatusOf(fleetOutcome(all, i), result));
         lost = lost || (result && !result->reportError.isEmpty());
     }
     return withLostReport(status, lost);
@@ -57,74 +71,65 @@ int allExitStatus(const AllRunsResult &all)
 
 } // namespace
 
-int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool preview, CommandContext &context)
+int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext &context)
 {
-    const QString command = preview ? QStringLiteral("zrt plan: ") : QStringLiteral("zrt run: ");
-    const std::optional<int> statementSeconds =
-        checkedStatementSeconds(parser, preview ? QStringLiteral("plan") : QStringLiteral("run"), context);
+    const QString name = preview ? QStringLiteral("plan") : QStringLiteral("run");
+    const std::optional<int> statementSeconds = checkedStatementSeconds(parser, name, context);
     if (!statementSeconds)
         return kExitUsage;
-    AllRuns runs{mode, parser.value(QStringLiteral("server")), context.sqlServer(*statementSeconds)};
+    const std::optional<FleetWork> work = checkedFleet(parser, name, context, *statementSeconds);
+    if (!work)
+        return kExitUsage;
+    AllRuns runs;
+    static_cast<FleetWork &>(runs) = *work;
     runs.preview = preview;
-    runs.stop = context.stop;
-    if (parser.isSet(QStringLiteral("jobs"))) {
-        bool ok = false;
-        runs.jobs = parser.value(QStringLiteral("jobs")).toInt(&ok);
-        if (!ok || runs.jobs < 1) {
-            context.err << command << "--jobs needs a whole number from 1 up, not '"
-                        << escapedControls(parser.value(QStringLiteral("jobs"))) << "'\n";
-            return kExitUsage;
-        }
-    }
-    if (parser.isSet(QStringLiteral("report-dir"))) {
-        runs.reportDir = parser.value(QStringLiteral("report-dir"));
-        if (const QString refusal = outputFolderRefusal(*runs.reportDir); !refusal.isEmpty()) {
-            context.err << command << "--report-dir: " << escapedControls(refusal) << "\n";
-            return kExitUsage;
-        }
-    }
     const bool json = parser.isSet(QStringLiteral("json"));
-    if (!json) {
-        context.out << headerLine(preview ? QStringLiteral("plan --all") : QStringLiteral("run --all"), QStringLiteral("server %1, mode %2").arg(runs.server, mode),
-                                  QDateTime::currentDateTime());
-        context.out.flush();
-        runs.finished = [&context, command](const QString &database, const DatabaseRunResult &result) {
-            context.out << finishedLine(database, result);
-            context.out.flush();
-            if (!result.reportError.isEmpty())
-                context.err << command << escapedControls(result.reportError) << "\n";
-        };
-    }
+    const bool quiet = parser.isSet(QStringLiteral("quiet"));
+    const bool verbose = parser.isSet(QStringLiteral("verbose"));
+    FleetDisplay display(context, context.terminal && !json && !quiet);
+    if (!json)
+        printFleetHeader(parser, runs, context);
+    runs.started = [&display](const FleetRecord &fleet, qsizetype database) { display.started(fleet, database); };
+    runs.progress = [&display](qsizetype database, std::optional<Phase> phase, int value, int maximum) {
+        if (phase && maximum > 0)
+            display.advanced(database, phaseName(*phase), 100 * value / maximum);
+    };
+    runs.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseRunResult &result) {
+        const RunOutcome outcome = outcomeOf(result);
+        const bool failed = outcome != RunOutcome::Completed;
+        QString lines;
+        if (!json && (failed || !quiet))
+            lines = finishedLine(fleetDatabaseName(runs, fleet.databases[database]), result)
+                + (verbose ? failureLines(result) : QString());
+        const QString error = result.reportError.isEmpty()
+            ? QString() : QStringLiteral("zrt %1: %2\n").arg(name, escapedControls(result.reportError));
+        display.ended(database, lines, failed && outcome != RunOutcome::Interrupted, error);
+    };
     const AllRunsResult all = runAllDatabases(runs);
-    if (all.listing.failed()) {
-        const QString error = listingFailureText(all.listing, QLatin1String("server ") + runs.server);
-        if (json)
-            context.out << QJsonDocument(QJsonObject{{QStringLiteral("error"), error},
-                                                     {QStringLiteral("exit"), kExitNothingDone}})
-                               .toJson(QJsonDocument::Compact)
-                        << "\n";
-        else
-            context.err << command << escapedControls(error) << "\n";
-        return kExitNothingDone;
-    }
+    display.finish();
     const int status = allExitStatus(all);
     if (json) {
-        QJsonObject index = fleetIndex(runs, all);
+        QJsonObject index = all.index;
         index.insert(QStringLiteral("exit"), status);
+        if (runs.folder)
+            index.insert(QStringLiteral("folder"), *runs.folder);
         if (!all.indexErrors.isEmpty())
             index.insert(QStringLiteral("errors"), QJsonArray::fromStringList(all.indexErrors));
         context.out << QJsonDocument(index).toJson(QJsonDocument::Compact) << "\n";
         return status;
     }
-    QStringList notDone;
-    for (qsizetype i = 0; i < all.databases.size(); ++i) {
-        if (!all.results[i])
-            notDone << escapedControls(all.databases[i]);
+    printListingFailures(runs.command, runs.servers, all, context);
+    for (const auto &[left, title] : {std::pair{RunOutcome::NotDone, "Not done"}, {RunOutcome::NotStarted, "Not started"}}) {
+        QStringList names;
+        for (qsizetype i = 0; i < all.databases.size(); ++i) {
+            if (fleetOutcome(all, i) == left)
+                names << fleetDatabaseName(runs, all.databases[i]);
+        }
+        if (!names.isEmpty())
+            context.out << title << ": " << names.join(QLatin1String(", ")) << "\n";
     }
-    if (!notDone.isEmpty())
-        context.out << "Not done: " << notDone.join(QLatin1String(", ")) << "\n";
     context.out << totalsLine(all);
     for (const QString &error : all.indexErrors)
-        context.err << command << escapedControls(error) << "\n";
+        context.err << "zrt " << name << ": " << escapedControls(error) << "\n";
     return status;
 }

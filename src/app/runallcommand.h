@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 
-// run --all (plan --all with `preview`), its options parsed: every listed
-// database, a line for each as it ends, the totals, and the report folder.
-int runAllCommand(const QCommandLineParser &parser, const QString &mode, bool preview, CommandContext &context);
+// run or plan (with `preview`) with --all, --fleet or --retry, its options
+// parsed: every database, a line for each as it ends, the totals, and the
+// invocation's folder.
+int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext &context);

@@ -2,6 +2,7 @@
 
 #include "commandoptions.h"
 #include "exitstatus.h"
+#include "fleetoptions.h"
 #include "outputfile.h"
 #include "printabletext.h"
 #include "reportline.h"
@@ -111,7 +112,7 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const std::optional<int> statementSeconds = checkedStatementSeconds(parser, command.name, context);
     if (!statementSeconds)
         return kExitUsage;
-    DatabaseRun run{choice->mode, choice->server, choice->database, targetName(parser),
+    DatabaseRun run{choice->mode, choice->server, choice->database, targetName(parser, choice->mode),
                     chosenConnections(parser, context, *statementSeconds)};
     if (parser.isSet(QStringLiteral("create-at")))
         run.createAt = parser.value(QStringLiteral("create-at"));
@@ -173,10 +174,9 @@ int maintenanceCommand(const Command &command, const QStringList &arguments, Com
     QCommandLineParser parser;
     if (const std::optional<int> exit = parseOptions(parser, command.name, arguments, context))
         return *exit;
-    if (!parser.isSet(QStringLiteral("all")))
-        return runOne(parser, command, context);
-    const std::optional<QString> mode = checkedMode(parser, command.name, context);
-    return mode ? runAllCommand(parser, *mode, command.preview, context) : kExitUsage;
+    if (namesAFleet(parser))
+        return runAllCommand(parser, command.preview, context);
+    return runOne(parser, command, context);
 }
 
 } // namespace

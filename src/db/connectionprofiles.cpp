@@ -47,6 +47,11 @@ std::optional<QString> listingConnectionString(const QString &mode, const QStrin
     return runConnectionString(*prefix(mode), QStringLiteral("master"), dataSource);
 }
 
+QString runDataSource(const QString &mode, const QString &server)
+{
+    return mode == QLatin1String(kOnline) ? QString() : server;
+}
+
 QString fallbackConnectionString()
 {
     return QString::fromLatin1(kFallback);

@@ -21,6 +21,11 @@ QString runConnectionString(const QString &prefix, const QString &catalog, const
 // The listing string on `master`; only "OFFLINE" and "LOCAL" have one.
 std::optional<QString> listingConnectionString(const QString &mode, const QString &dataSource);
 
+// Where a run opens for the server chosen: the server itself, except in
+// ONLINE mode, where the server only decides whether the run opens at all and
+// the run works on the local default instance, as it does from the window.
+QString runDataSource(const QString &mode, const QString &server);
+
 // Opened under integrated security when the chosen database cannot be.
 QString fallbackConnectionString();
 

@@ -1,37 +1,33 @@
 #pragma once
 
-#include "databaselisting.h"
 #include "databaserun.h"
+#include "fleet.h"
 
-#include <QStringList>
-
-#include <optional>
-#include <vector>
-
-struct AllRuns
+// A run or a preview of every database of a fleet.
+struct AllRuns : FleetWork
 {
-    QString mode;
-    QString server;
-    ConnectionFactory connections;
-    int jobs = 4;
-    std::optional<QString> reportDir; // one report per database, index.json and index.html
-    const std::atomic<bool> *stop = nullptr; // no run starts once it is set
-    bool preview = false;                    // each run rolled back: see DatabaseRun
-    // Told of each run as it ends, one call at a time, on the run's thread.
-    std::function<void(const QString &database, const DatabaseRunResult &result)> finished;
+    // Told after each statement of a database's run: how many were sent, in which phase.
+    // Each database's progress, as its run tells it (see DatabaseRun::progress).
+    std::function<void(qsizetype database, std::optional<Phase> phase, int value, int maximum)> progress;
+    // Told of each run as it ends, on the run's thread.
+    std::function<void(const FleetRecord &fleet, qsizetype database, const DatabaseRunResult &result)> finished;
 };
 
-struct AllRunsResult
+using AllRunsResult = FleetResults<DatabaseRunResult>;
+
+// What became of one database of the fleet.
+RunOutcome fleetOutcome(const AllRunsResult &all, qsizetype database);
+
+struct FleetTotals
 {
-    ListingOutcome listing;
-    QDateTime started;
-    QStringList databases; // as the server listed them
-    std::vector<std::optional<DatabaseRunResult>> results; // nothing: never started
-    QStringList reportFiles; // each database's report in the report folder
-    QStringList indexErrors; // index.json or index.html that could not be written
+    int byOutcome[kRunOutcomes] = {};
+    int sent = 0;
+    int unexpected = 0; // statements failed or timed out
 };
 
-// Lists the server's databases as the window does and runs each on a
-// connection of its own, up to `jobs` at once. With a report folder, writes
-// the index of the runs there once they have ended, however they ended.
+FleetTotals fleetTotals(const AllRunsResult &all);
+
+// Lists the servers' databases as the window does and runs each on a
+// connection of its own, as `runs` limits them; with a folder, each with its
+// report there, and the index written once they have ended, however they ended.
 AllRunsResult runAllDatabases(const AllRuns &runs);

@@ -1,14 +1,34 @@
 #include "databasecheck.h"
 
-#include "databaselisting.h"
+#include "connectionprofiles.h"
 #include "mdzrt.h"
 #include "odbckeywords.h"
 #include "whynotopen.h"
 
+#include <QJsonArray>
+
+namespace {
+
+QJsonArray columnsJson(const QList<ColumnFinding> &findings)
+{
+    QJsonArray array;
+    for (const ColumnFinding &finding : findings) {
+        QJsonObject object{{QStringLiteral("table"), finding.table}, {QStringLiteral("column"), finding.column}};
+        if (!finding.expected.isEmpty())
+            object.insert(QStringLiteral("expected"), finding.expected);
+        if (!finding.found.isEmpty())
+            object.insert(QStringLiteral("found"), finding.found);
+        array.append(object);
+    }
+    return array;
+}
+
+} // namespace
+
 DatabaseCheckResult checkDatabase(const QString &mode, const QString &server, const QString &database,
                                   const QString &target, const ConnectionFactory &connections)
 {
-    mdZRT module(connections, server, mdZRT::Fallback::SameServerAndLogin);
+    mdZRT module(connections, ConnectionProfiles::runDataSource(mode, server), mdZRT::Fallback::SameServerAndLogin);
     module.OpenConnection(mode, server, database);
     if (const QString notOpen = whyNotOpen(module, target, database); !notOpen.isEmpty())
         return {std::nullopt, notOpen};
@@ -20,15 +40,89 @@ DatabaseCheckResult checkDatabase(const QString &mode, const QString &server, co
     return {schemaDrift(whatARunLeaves(), found), QString()};
 }
 
-AllChecksResult checkAllDatabases(const QString &mode, const QString &server, const ConnectionFactory &connections,
-                                  const std::atomic<bool> *stop,
-                                  const std::function<void(const QString &database, const DatabaseCheckResult &)> &checked)
+CheckOutcome checkOutcomeOf(const std::optional<DatabaseCheckResult> &result)
 {
-    AllChecksResult all;
-    all.listing = listDatabases(mode, server, connections, [&all](const QString &name) { all.databases << name; });
-    for (; all.checked < all.databases.size() && !(stop && stop->load()); ++all.checked) {
-        const QString &database = all.databases[all.checked];
-        checked(database, checkDatabase(mode, server, database, QLatin1String("server ") + server, connections));
+    if (!result)
+        return CheckOutcome::NotDone;
+    if (!result->drift)
+        return CheckOutcome::CouldNotBeRead;
+    return result->drift->differences() == 0 ? CheckOutcome::Matches : CheckOutcome::Differs;
+}
+
+QString checkOutcomeName(CheckOutcome outcome)
+{
+    switch (outcome) {
+    case CheckOutcome::Matches:
+        return QStringLiteral("matches");
+    case CheckOutcome::Differs:
+        return QStringLiteral("differs");
+    case CheckOutcome::CouldNotBeRead:
+        return QStringLiteral("could not be read");
+    case CheckOutcome::NotDone:
+        return QStringLiteral("not done");
+    case CheckOutcome::NotStarted:
+        return QStringLiteral("not started");
     }
+    Q_UNREACHABLE();
+}
+
+QJsonObject checkJson(const std::optional<DatabaseCheckResult> &result)
+{
+    QJsonObject json{{QStringLiteral("outcome"), checkOutcomeName(checkOutcomeOf(result))}};
+    if (!result)
+        return json;
+    if (!result->drift) {
+        json.insert(QStringLiteral("error"), result->error);
+        return json;
+    }
+    const SchemaDrift &drift = *result->drift;
+    QJsonArray notInstallable;
+    for (const UninstallableView &view : drift.uninstallableViews)
+        notInstallable.append(QJsonObject{{QStringLiteral("view"), view.view},
+                                          {QStringLiteral("missingTables"), QJsonArray::fromStringList(view.missingTables)}});
+    json.insert(QStringLiteral("matches"), drift.differences() == 0);
+    json.insert(QStringLiteral("differences"), qint64(drift.differences()));
+    json.insert(QStringLiteral("missingTables"), QJsonArray::fromStringList(drift.missingTables));
+    json.insert(QStringLiteral("missingColumns"), columnsJson(drift.missingColumns));
+    json.insert(QStringLiteral("differingColumns"), columnsJson(drift.differingColumns));
+    json.insert(QStringLiteral("missingViews"), QJsonArray::fromStringList(drift.missingViews));
+    json.insert(QStringLiteral("notInstallableViews"), notInstallable);
+    json.insert(QStringLiteral("extraTables"), QJsonArray::fromStringList(drift.extraTables));
+    json.insert(QStringLiteral("extraColumns"), columnsJson(drift.extraColumns));
+    json.insert(QStringLiteral("extraViews"), QJsonArray::fromStringList(drift.extraViews));
+    return json;
+}
+
+CheckOutcome fleetOutcome(const AllChecksResult &all, qsizetype database)
+{
+    return all.states[database] == DatabaseState::NotStarted ? CheckOutcome::NotStarted
+                                                             : checkOutcomeOf(all.results[database]);
+}
+
+AllChecksResult checkAllDatabases(const AllChecks &checks)
+{
+    AllChecksResult all = listedFleet<DatabaseCheckResult>(checks);
+    QMutex recording;
+    const auto one = [&](qsizetype database) {
+        const FleetServer &server = checks.servers[all.databases[database].server];
+        const DatabaseCheckResult result =
+            checkDatabase(server.mode, server.server, all.databases[database].name, server.target, server.connections);
+        {
+            const QMutexLocker lock(&recording);
+            all.results[database] = result;
+        }
+        if (checks.finished)
+            checks.finished(all, database, result);
+        return !result.drift.has_value();
+    };
+    const auto entry = [&](qsizetype database) {
+        QJsonObject json = checkJson(all.results[database]);
+        json.insert(QStringLiteral("outcome"), checkOutcomeName(fleetOutcome(all, database)));
+        return json;
+    };
+    QStringList outcomes;
+    for (int outcome = 0; outcome < kCheckOutcomes; ++outcome)
+        outcomes << checkOutcomeName(CheckOutcome(outcome));
+    runFleet(checks, all, recording, one, {outcomes, entry, {}});
     return all;
 }

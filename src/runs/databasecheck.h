@@ -1,12 +1,11 @@
 #pragma once
 
 #include "connection.h"
-#include "databaselisting.h"
+#include "fleet.h"
 #include "schemadrift.h"
 
-#include <QStringList>
+#include <QJsonObject>
 
-#include <atomic>
 #include <functional>
 #include <optional>
 
@@ -21,15 +20,26 @@ struct DatabaseCheckResult
 DatabaseCheckResult checkDatabase(const QString &mode, const QString &server, const QString &database,
                                   const QString &target, const ConnectionFactory &connections);
 
-struct AllChecksResult
+enum class CheckOutcome { Matches, Differs, CouldNotBeRead, NotDone, NotStarted };
+inline constexpr int kCheckOutcomes = int(CheckOutcome::NotStarted) + 1;
+
+CheckOutcome checkOutcomeOf(const std::optional<DatabaseCheckResult> &result);
+QString checkOutcomeName(CheckOutcome outcome);
+
+// The outcome, and what differs or why the database could not be read.
+QJsonObject checkJson(const std::optional<DatabaseCheckResult> &result);
+
+// A check of every database of a fleet.
+struct AllChecks : FleetWork
 {
-    ListingOutcome listing;
-    QStringList databases; // as the server listed them
-    qsizetype checked = 0; // the first ones; the rest were stopped before
+    // Told of each check as it ends, on its thread.
+    std::function<void(const FleetRecord &fleet, qsizetype database, const DatabaseCheckResult &result)> finished;
 };
 
-// Every database the server lists, one after another, each told to `checked`
-// as it is done; none starts once `stop` is set.
-AllChecksResult checkAllDatabases(const QString &mode, const QString &server, const ConnectionFactory &connections,
-                                  const std::atomic<bool> *stop,
-                                  const std::function<void(const QString &database, const DatabaseCheckResult &)> &checked);
+using AllChecksResult = FleetResults<DatabaseCheckResult>;
+
+CheckOutcome fleetOutcome(const AllChecksResult &all, qsizetype database);
+
+// Lists the servers' databases and checks each on a connection of its own, as
+// `checks` limits them; with a folder, the index written there.
+AllChecksResult checkAllDatabases(const AllChecks &checks);

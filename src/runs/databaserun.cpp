@@ -1,5 +1,6 @@
 #include "databaserun.h"
 
+#include "connectionprofiles.h"
 #include "emptydatabasescript.h"
 #include "mdzrt.h"
 #include "odbckeywords.h"
@@ -155,6 +156,8 @@ QString outcomeName(RunOutcome outcome)
         return QStringLiteral("interrupted");
     case RunOutcome::NotDone:
         return QStringLiteral("not done");
+    case RunOutcome::NotStarted:
+        return QStringLiteral("not started");
     }
     Q_UNREACHABLE();
 }
@@ -214,8 +217,8 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     if (run.junit)
         run.junit->setLastLine(junitXml({endedAtOnceSuite(run, result.started)}));
 
-    mdZRT module(run.preview ? previewConnections(run.connections) : run.connections, run.server,
-                 mdZRT::Fallback::SameServerAndLogin);
+    mdZRT module(run.preview ? previewConnections(run.connections) : run.connections,
+                 ConnectionProfiles::runDataSource(run.mode, run.server), mdZRT::Fallback::SameServerAndLogin);
     HeadlessHost host(run, module);
     CheckRecordsets recordsets;
     MaintenanceRun maintenance(module, host, recordsets);

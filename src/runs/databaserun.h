@@ -19,7 +19,7 @@ class OutputFile;
 struct DatabaseRun
 {
     QString mode;
-    QString server; // the data source; empty: the local default instance
+    QString server; // the data source (empty: the local default instance); in ONLINE mode only whether it opens
     QString database;
     QString target; // where, as headers and reports name it, without secrets
     ConnectionFactory connections;
@@ -78,7 +78,9 @@ enum class RunOutcome {
     CouldNotStart,
     Interrupted,
     NotDone,
+    NotStarted, // kept from starting by --max-failures
 };
+inline constexpr int kRunOutcomes = int(RunOutcome::NotStarted) + 1;
 
 RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result);
 QString outcomeName(RunOutcome outcome);

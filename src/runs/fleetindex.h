@@ -1,22 +1,30 @@
 #pragma once
 
-#include "allruns.h"
+#include "fleet.h"
 
 #include <QJsonObject>
 
-struct FleetTotals
-{
-    int byOutcome[int(RunOutcome::NotDone) + 1] = {};
-    int sent = 0;
-    int unexpected = 0; // statements failed or timed out
-};
-
-FleetTotals fleetTotals(const AllRunsResult &all);
-
-// Every listed database with its outcome, counts, times and report file,
-// and the totals: index.json, and what --json prints.
-QJsonObject fleetIndex(const AllRuns &runs, const AllRunsResult &all);
+// The invocation, its servers (with why one could not be listed), every
+// database with its server and entry, and the totals: index.json, and what
+// --json prints.
+QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const FleetIndexParts &parts);
 
 // The index as one page that needs nothing but itself: a row per database,
 // its outcome coloured, linked to its report.
 QByteArray fleetPage(const QJsonObject &index);
+
+// index.json and index.html, each whole or not at all; what could not be
+// written is added to `errors`.
+void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors);
+
+// What an earlier invocation left to do, from its folder's index.json: the
+// databases that did not complete (for check: that did not match), each on
+// its server, mode and login, and the servers that could not be listed, to
+// be listed again. The servers have neither connections nor targets yet.
+struct FleetRetry
+{
+    QList<FleetServer> servers;
+    QString error; // why the folder cannot be retried
+};
+
+FleetRetry readRetry(const QString &folder);

@@ -3,6 +3,7 @@
 #include "commandline.h"
 #include "odbcconnection.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -45,6 +46,15 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
     out.flush();
     err.flush();
     return result;
+}
+
+// The folders that invocations made in `dir`, the latest last.
+inline QStringList invocationFolders(const QString &dir)
+{
+    QStringList folders;
+    for (const QString &name : QDir(dir).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
+        folders << QDir(dir).filePath(name);
+    return folders;
 }
 
 inline QByteArray fileBytes(const QString &path)

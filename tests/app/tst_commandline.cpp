@@ -1,8 +1,10 @@
 #include "catalogueanswers.h"
 #include "commandinvocation.h"
+#include "fleetdisplay.h"
 #include "printabletext.h"
 #include "programversion.h"
 #include "scriptfixture.h"
+#include "tdslistener.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -174,8 +176,11 @@ private slots:
                                                                        "--statement-timeout", "-1"} << "-1";
         QTest::newRow("ZRT_ODBC in ONLINE mode") << QStringList{"run", "--mode", "ONLINE", "--database", "Q", "ZRT_ODBC"}
                                                  << "ZRT_ODBC go with";
-        QTest::newRow("check --all: with --odbc") << QStringList{"check", "--all", "--mode", "LOCAL", "--odbc", "x"} << "--odbc";
-        QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0"} << "--jobs";
+        QTest::newRow("run --all: no server") << QStringList{"run", "--all", "--mode", "LOCAL"} << "zrt run: missing --server";
+        QTest::newRow("--fleet with --mode") << QStringList{"check", "--fleet", "f", "--mode", "LOCAL"} << "--mode does not go";
+        QTest::newRow("--retry of a folder without an index") << QStringList{"plan", "--retry", m_dir.path()} << "no index.json";
+        QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0", "--report-dir", missingDir} << "--jobs";
+        QTest::newRow("--max-failures 0") << kRunAll + QStringList{"--max-failures", "0"} << "--max-failures";
         QTest::newRow("run --all: with --database") << kRunAll + QStringList{"--database", "Q"} << "--database";
     }
 
@@ -266,7 +271,19 @@ private slots:
                                                         << "2 databases: 1 completed, 1 could not start;";
         QTest::newRow("run --all: unreachable") << kRunAll << refusing(unreachable, refusal(unreachableServer)) << false << 4
                                                 << "zrt run: cannot reach server S: Unable to connect\n";
-        QTest::newRow("run --all --json") << kRunAll + QStringList{"--json"} << two << true << 0 << "\"completed\":2";
+        QTest::newRow("run --all --json") << kRunAll + QStringList{"--json"} << two << true << 0
+                                          << "\"byOutcome\":[{\"databases\":2,\"outcome\":\"completed\"}]";
+        QTest::newRow("run --all --quiet: failures only") << kRunAll + QStringList{"--jobs", "1", "--quiet"}
+                                                          << refusing(refuseA, two) << true << 4
+                                                          << "refused\n2 databases: 1 completed, 1 could not start";
+        QTest::newRow("run --all --verbose: failures by message")
+            << kRunAll + QStringList{"--verbose"}
+            << ServerSetup([=](ScriptedServer &s) { s.failingWith.insert(stock, DbStatus::failure("Invalid column name 'Type'.", 207)); two(s); })
+            << true << 3 << " s\n             1  Invalid column name 'Type'.\n";
+        QTest::newRow("run --all --max-failures 1: nothing starts after a failure")
+            << kRunAll + QStringList{"--jobs", "1", "--max-failures", "1"}
+            << refusing(refuseA, refusing("Initial Catalog=QuorvexB;", listing({"QuorvexA", "QuorvexB", "QuorvexC"})))
+            << false << 4 << "Not started: QuorvexB, QuorvexC\n3 databases: 1 could not start, 2 not started;";
         QTest::newRow("plan: what the run would change")
             << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA"} << ServerSetup([](ScriptedServer &s) {
                    DatabaseSchema older = whatARunLeaves();
@@ -291,7 +308,7 @@ private slots:
         QTest::newRow("check: database missing") << check << refusing(refuseA) << false << 4 << "the database 'QuorvexA' is missing";
         QTest::newRow("check --all: unreachable") << checkAll << refusing(unreachable, refusal(unreachableServer)) << false << 4
                                                   << "zrt check: cannot reach server S: Unable to connect\n";
-        QTest::newRow("check --all") << checkAll << refusing("Initial Catalog=QuorvexB;", two) << false << 4
+        QTest::newRow("check --all --jobs 2") << checkAll + QStringList{"--jobs", "2"} << refusing("Initial Catalog=QuorvexB;", two) << false << 4
                                      << "2 databases: 0 match, 1 differ, 1 could not be read";
     }
 
@@ -516,20 +533,17 @@ private slots:
         listing(names)(server);
         server.refusedOpens << "Initial Catalog=Quorvex\x1b[31mB;";
         const QString dir = m_dir.filePath(QStringLiteral("fleet"));
-        QVERIFY(QDir().mkpath(dir + "/005-Quorvex__31mB.jsonl")); // a folder where a report would go
-        QVERIFY(QFile::link(m_linked, dir + "/002-Quorvex_a.jsonl")); // a link planted where one would go
         const Invocation all = invoke(kRunAll + QStringList{"--jobs", "2", "--report-dir", dir}, server.connections());
         QCOMPARE(all.exit, 4);
+        const QString folder = invocationFolders(dir).value(0);
         const QStringList lines = all.out.split('\n', Qt::SkipEmptyParts);
-        QCOMPARE(lines.size(), 1 + 6 + 1);
+        QCOMPARE(lines.mid(1, 1), QStringList{"Reports in " + folder});
+        QCOMPARE(lines.size(), 2 + 6 + 1);
         QVERIFY(all.out.contains("could not start: the database 'Quorvex\\x1B[31mB' is missing on server S: refused\n"));
         QVERIFY(!all.out.contains(QChar(0x1b)));
         QVERIFY(lines.last().startsWith("6 databases: 5 completed, 1 could not start; 2465 statements sent"));
-        QVERIFY2(all.err.contains("cannot write " + dir + "/005-Quorvex__31mB.jsonl"), qPrintable(all.err));
-        QVERIFY2(all.err.contains(dir + "/002-Quorvex_a.jsonl is a symbolic link"), qPrintable(all.err));
-        QCOMPARE(fileBytes(m_linked), QByteArray("kept"));
 
-        const QJsonArray index = QJsonDocument::fromJson(fileBytes(dir + "/index.json")).object().value("databases").toArray();
+        const QJsonArray index = QJsonDocument::fromJson(fileBytes(folder + "/index.json")).object().value("databases").toArray();
         QCOMPARE(index.size(), 6);
         QStringList files;
         QStringList rows;
@@ -538,19 +552,17 @@ private slots:
             QCOMPARE(run.value("database").toString(), names[i]);
             files << run.value("report").toString();
             rows << escapedControls(names[i]) + " " + run.value("outcome").toString();
-            if (files.last().isEmpty())
-                continue;
-            const QJsonObject end = reportLines(dir + "/" + files.last()).last();
+            const QJsonObject end = reportLines(folder + "/" + files.last()).last();
             QCOMPARE(end.value("outcome"), run.value("outcome"));
             QCOMPARE(end.value("counts"), run.value("counts"));
         }
-        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "", "003-Quorvex_a.jsonl", "004-Quorvex年度.jsonl", "",
-                                     "006-Quorvex" + QString(53, 'x') + ".jsonl"}));
+        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a.jsonl",
+                                     "004-Quorvex年度.jsonl", "005-Quorvex__31mB.jsonl", "006-Quorvex" + QString(53, 'x') + ".jsonl"}));
 
-        const QString dom = renderedDom(dir + "/index.html");
+        const QString dom = renderedDom(folder + "/index.html");
         QVERIFY2(!dom.isEmpty(), "chromium did not render the page: scripts/test.sh installs it");
         QStringList rendered;
-        static const QRegularExpression row(R"(<td class="database">([^<]*)</td><td class="outcome">([^<]*)</td>)");
+        static const QRegularExpression row(R"(<td class="database">([^<]*)</td><td class="server">S</td><td class="outcome">([^<]*)</td>)");
         for (const QRegularExpressionMatch &match : row.globalMatch(dom))
             rendered << match.captured(1) + " " + match.captured(2);
         QCOMPARE(rendered, rows);
@@ -569,16 +581,17 @@ private slots:
         const QString dir = m_dir.filePath(QStringLiteral("stopped"));
         const Invocation stopped =
             invoke(kRunAll + QStringList{"--jobs", "1", "--report-dir", dir}, server.connections(), &stop);
+        const QString folder = invocationFolders(dir).value(0);
         QCOMPARE(stopped.exit, 130);
         // The statement under way finishes; none follows it.
         QCOMPARE(statements.load(), 601);
         QVERIFY(stopped.out.contains(QRegularExpression("QuorvexB +interrupted +107 sent")));
         QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexC\n")));
-        QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json"))["databases"][1]["counts"]["notSent"].toInt(), 493 - 107);
-        const QList<QJsonObject> partial = reportLines(dir + "/002-QuorvexB.jsonl");
+        QCOMPARE(QJsonDocument::fromJson(fileBytes(folder + "/index.json"))["databases"][1]["counts"]["notSent"].toInt(), 493 - 107);
+        const QList<QJsonObject> partial = reportLines(folder + "/002-QuorvexB.jsonl");
         QCOMPARE(partial.size(), 1 + 107 + 1);
         QCOMPARE(partial.last().value("complete").toBool(true), false);
-        QCOMPARE(QJsonDocument::fromJson(fileBytes(dir + "/index.json")).object().value("complete").toBool(true), false);
+        QCOMPARE(QJsonDocument::fromJson(fileBytes(folder + "/index.json")).object().value("complete").toBool(true), false);
     }
 
     void theDatabasesConnectionString_data()
@@ -644,6 +657,138 @@ private slots:
         QCOMPARE(run.exit, 130);
         QVERIFY2(run.out.contains("interrupted after 0 statements, 493 not sent"), qPrintable(run.out));
         QVERIFY(server.calls().filter(QRegularExpression("^execute ")).isEmpty());
+    }
+
+    void badFleetFiles_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QString>("named");
+        const QByteArray server = "[[server]]\nserver = \"S\"\n";
+        const QByteArray local = server + "mode = \"LOCAL\"\n";
+        QTest::newRow("a missing key") << server << ":1: key 'mode': missing";
+        QTest::newRow("an unknown key") << local + "odbc = \"DSN=x\"\n" << ":4: key 'odbc': no such key";
+        QTest::newRow("a bad mode") << server + "mode = \"LOKAL\"\n" << ":3: key 'mode': unknown mode 'LOKAL'";
+        QTest::newRow("an unset variable") << local + "odbc_env = \"ZRT_UNSET\"\n"
+                                           << ":4: key 'odbc_env': the environment variable ZRT_UNSET is not set";
+        QTest::newRow("a server named twice") << local + local << ":5: key 'server': 'S' is named twice";
+        QTest::newRow("a brace in a server") << QByteArray("[[server]]\nserver = \"S}\"\nmode = \"LOCAL\"\n")
+                                             << ":2: key 'server': the server name 'S}'";
+        QTest::newRow("no jobs") << "jobs = 0\n" + local << ":1: key 'jobs'";
+        QTest::newRow("no server") << QByteArray("jobs = 2\n") << ":1: key 'server'";
+    }
+
+    void badFleetFiles()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QString, named);
+        const QString path = m_dir.filePath(QStringLiteral("bad.toml"));
+        QFile fleet(path);
+        QVERIFY(fleet.open(QIODevice::WriteOnly | QIODevice::Truncate) && fleet.write(file) == file.size());
+        fleet.close();
+        ScriptedServer server;
+        const QString unmade = m_dir.filePath(QTest::currentDataTag());
+        const Invocation run = invoke({"run", "--fleet", path, "--report-dir", unmade}, server.connections());
+        QCOMPARE(run.exit, 2);
+        QVERIFY2(run.err.startsWith("zrt run: " + path + named), qPrintable(run.err));
+        QVERIFY(server.logs().isEmpty() && !QFileInfo::exists(unmade));
+    }
+
+    void fleetAcrossServers()
+    {
+        TdsListener first({.rows = {{kLocalListing, {"QuorvexA", "QuorvexTest"}}}});
+        TdsListener second({.rows = {{kLocalListing, {"QuorvexB", "QuorvexC2023"}}}});
+        const QByteArray site = "DRIVER={FreeTDS};SERVER=127.0.0.1;PORT=" + second.dataSource().section(',', 1).toUtf8()
+            + ";UID=site;PWD=secret;TDS_Version=7.4";
+        qputenv("SITE_ODBC", site);
+        const QString path = m_dir.filePath(QStringLiteral("fleet.toml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("jobs = 3\n[[server]]\nserver = \"" + first.dataSource().toUtf8() + "\"\nmode = \"local\"\n"
+                   "exclude = [\"*test*\"]\n[[server]]\nserver = \"site\"\nmode = \"LOCAL\"\nodbc_env = \"SITE_ODBC\"\n"
+                   "include = [\"Quorvex?\"]\n");
+        file.close();
+        const QString dir = m_dir.filePath(QStringLiteral("across"));
+        const Invocation run = invoke({"run", "--fleet", path, "--report-dir", dir}, sqlServerConnections());
+        QCOMPARE(run.exit, 0);
+        const QByteArray index = fileBytes(invocationFolders(dir).value(0) + "/index.json");
+        QStringList ran;
+        for (const QJsonValue &entry : QJsonDocument::fromJson(index)["databases"].toArray())
+            ran << entry["server"].toString() + " " + entry["database"].toString() + " " + entry["odbcEnv"].toString();
+        QCOMPARE(ran, (QStringList{first.dataSource() + " QuorvexA ", "site QuorvexB SITE_ODBC"}));
+        QCOMPARE(first.received().user, QStringLiteral("quorvex"));
+        QCOMPARE(second.received().user, QStringLiteral("site"));
+        QVERIFY(!(run.out + run.err + index).contains("secret"));
+
+        QCOMPARE(invoke({"list", "--fleet", path}, sqlServerConnections()).out,
+                 first.dataSource() + "\tQuorvexA\nsite\tQuorvexB\n");
+        qputenv("ZRT_ODBC", site);
+        QCOMPARE(invoke({"list", "--mode", "LOCAL"}).out, QStringLiteral("QuorvexB\nQuorvexC2023\n"));
+        qunsetenv("ZRT_ODBC");
+    }
+
+    void retryRunsWhatWasLeft()
+    {
+        const QString dir = m_dir.filePath(QStringLiteral("retried"));
+        const QString earlier = dir + "/20240101-000000-run";
+        QVERIFY(QDir().mkpath(earlier));
+        QJsonArray databases;
+        for (const auto &[name, outcome] : {std::pair{"QuorvexA", "completed"}, {"QuorvexB", "completed with failures"},
+                                            {"QuorvexC", "not done"}})
+            databases.append(QJsonObject{{"database", name}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", outcome}});
+        const QJsonObject index{{"type", "index"}, {"format", 1}, {"command", "run"}, {"databases", databases},
+                                {"servers", QJsonArray{QJsonObject{{"server", "S"}, {"mode", "LOCAL"}}}}};
+        QFile file(earlier + "/index.json");
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(index).toJson()) > 0);
+        file.close();
+        for (int invocation = 0; invocation < 2; ++invocation) {
+            ScriptedServer server;
+            const Invocation retry = invoke({"run", "--retry", earlier, "--report-dir", dir}, server.connections());
+            QCOMPARE(retry.exit, 0);
+            QVERIFY(retry.err.isEmpty());
+            QStringList opened;
+            for (const QStringList &log : server.logs())
+                opened << log.value(0).section("Initial Catalog=", 1).section(';', 0, 0);
+            opened.sort();
+            QCOMPARE(opened, (QStringList{"QuorvexB", "QuorvexC"}));
+        }
+        QCOMPARE(invocationFolders(dir).size(), 3);
+    }
+
+    void onlineOpensWhereTheWindowDoes_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::newRow("run") << "run";
+        QTest::newRow("check") << "check";
+    }
+
+    void onlineOpensWhereTheWindowDoes()
+    {
+        QFETCH(QString, command);
+        ScriptedServer server;
+        invoke({command, "--mode", "ONLINE", "--database", "Q", "--server", "SERVER"}, server.connections());
+        QVERIFY2(server.calls().value(0).endsWith("User ID=kwonline;Initial Catalog=Q;Data Source="),
+                 qPrintable(server.calls().value(0)));
+    }
+
+    void theLiveLine()
+    {
+        QString out;
+        QString err;
+        QTextStream outStream(&out);
+        QTextStream errStream(&err);
+        CommandContext context{outStream, errStream, {}, {}, true, nullptr, false, 60};
+        FleetDisplay display(context, true);
+        FleetRecord fleet;
+        fleet.databases = {{0, "QuorvexA"}, {0, "QuorvexB"}, {0, "QuorvexC"}};
+        display.started(fleet, 0);
+        display.started(fleet, 1);
+        display.advanced(0, "tables", 40);
+        display.ended(1, "QuorvexB ended\n", true);
+        display.finish();
+        QCOMPARE(out, QStringLiteral("QuorvexB ended\n"));
+        QVERIFY2(err.endsWith("2 running, 0 failed: QuorvexA, QuorvexB\r\x1b[K\r\x1b[K1/3 done, 1 running, 1 failed: "
+                              "QuorvexA tables 40%\r\x1b[K"),
+                 qPrintable(escapedControls(err)));
     }
 
     void standardOutputThatFails()

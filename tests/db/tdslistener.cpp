@@ -124,13 +124,15 @@ TdsListener::TdsListener(Script script)
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
     ::bind(m_socket, reinterpret_cast<sockaddr *>(&address), size);
-    ::listen(m_socket, 4);
+    ::listen(m_socket, 64);
     ::getsockname(m_socket, reinterpret_cast<sockaddr *>(&address), &size);
     m_port = ntohs(address.sin_port);
     m_thread = std::thread([this] {
         for (int client; (client = ::accept(m_socket, nullptr, nullptr)) >= 0;) {
-            converse(client);
-            ::close(client);
+            m_clients.emplace_back([this, client] {
+                converse(client);
+                ::close(client);
+            });
         }
     });
 }
@@ -139,6 +141,8 @@ TdsListener::~TdsListener()
 {
     ::shutdown(m_socket, SHUT_RDWR);
     m_thread.join();
+    for (std::thread &client : m_clients)
+        client.join();
     ::close(m_socket);
 }
 
@@ -166,6 +170,8 @@ void TdsListener::converse(int client)
             reply(client, "HTTP/1.1 400 Bad Request\r\n\r\n");
         if (m_script.manner != Manner::Answering)
             continue;
+        if (type == kBatch && m_script.batchTime.count() > 0)
+            std::this_thread::sleep_for(m_script.batchTime); // the server at work, not the listener waiting on a test
         const std::lock_guard lock(m_mutex);
         if (type == kPrelogin) {
             reply(client, QByteArray::fromHex(kPreloginReply));

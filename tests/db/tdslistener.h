@@ -3,13 +3,16 @@
 #include <QHash>
 #include <QStringList>
 
+#include <chrono>
+#include <list>
 #include <mutex>
 #include <optional>
 #include <thread>
 
 // A listener on the loopback address that speaks just enough of SQL Server's
 // TDS protocol for the real driver to log in and send batches, and records
-// what it receives. Encryption is never offered.
+// what it receives. Encryption is never offered. Each client is served on a
+// thread of its own, as a server serves its sessions at once.
 class TdsListener
 {
 public:
@@ -32,6 +35,7 @@ public:
         std::optional<Error> loginError; // every login refused with it
         QString landsIn;                 // every login answered as landing in this database
         QHash<QString, QStringList> rows; // batches so begun answered with these values, as a column "name"
+        std::chrono::milliseconds batchTime{0}; // how long each batch takes the server to answer
     };
 
     struct Received
@@ -46,7 +50,7 @@ public:
 
     TdsListener();
     explicit TdsListener(Script script);
-    // Waits for the client to hang up first.
+    // Waits for the clients to hang up first.
     ~TdsListener();
 
     // "127.0.0.1,port", as a connection profile names a server.
@@ -62,4 +66,5 @@ private:
     mutable std::mutex m_mutex;
     Received m_received;
     std::thread m_thread;
+    std::list<std::thread> m_clients; // joined once no more are taken
 };

@@ -61,7 +61,8 @@ zrt=$root/usr/bin/zrt
 
 stage "the programs"
 [ "$("$zrt" --version)" = "zrt $version" ] || fail "zrt --version does not print zrt $version"
-"$zrt" help run | grep -q -- "zrt run --all" || fail "zrt help run does not show the forms of run"
+# Read whole first: grep -q leaving early would close the pipe under zrt, which then ends as interrupted.
+grep -q -- "zrt run --all" <<<"$("$zrt" help run)" || fail "zrt help run does not show the forms of run"
 ! ldd "$zrt" | grep -Eq 'libQt6(Gui|Widgets)' || fail "zrt links Qt's GUI: $(ldd "$zrt")"
 [ "$("$root/usr/bin/zrt-window" --version)" = "zrt-window $version" ] || fail "zrt-window --version"
 for package in zrt zrt-window; do
@@ -76,7 +77,7 @@ zrt_page=$(page zrt)
 for section in NAME SYNOPSIS DESCRIPTION COMMANDS OPTIONS "EXIT STATUS" ENVIRONMENT FILES EXAMPLES "SEE ALSO"; do
     grep -qx "$section" <<<"$zrt_page" || fail "zrt(1) has no section $section"
 done
-for text in "zrt $version" "zrt run --all --mode MODE --server NAME" "--report-dir DIR" "zrt run --fleet fleet.toml" \
+for text in "zrt $version" "zrt run --all --mode MODE [--server NAME | --odbc STRING]" "--report-dir DIR" "zrt run --fleet fleet.toml" \
     "[[server]]" "case \$? in" "ZRT_ODBC_DRIVER" "130"; do
     grep -qF -- "$text" <<<"$zrt_page" || fail "zrt(1) lacks '$text'"
 done
@@ -103,15 +104,18 @@ expect() { # words, expected, unexpected, after "zrt" and these words
     for word in $expected; do [[ $got == *" $word "* ]] || fail "'zrt $*' does not offer $word:$got"; done
     for word in $unexpected; do [[ $got != *" $word "* ]] || fail "'zrt $*' offers $word:$got"; done
 }
-expect "--mode --database --server --odbc --create-at --report --all" "--jobs --report-dir" run ""
-expect "--mode --server --jobs --report-dir --json" "--database --odbc --create-at --quiet" run --all ""
-expect "--mode --server --json" "--database --odbc --create-at --jobs" check --all ""
+expect "--mode --database --server --odbc --create-at --report --all --fleet --retry" "--jobs --report-dir" run ""
+expect "--mode --server --odbc --jobs --max-failures --report-dir --json --quiet" "--database --create-at --fleet" run --all ""
+expect "--jobs --max-failures --report-dir --statement-timeout --verbose" "--mode --server --odbc --all" plan --fleet f ""
+expect "--mode --server --odbc --jobs --report-dir --json" "--database --create-at --quiet" check --all ""
+expect "--odbc --jobs --report-dir" "--mode --server --statement-timeout" check --retry d ""
 expect "--database --all" "--odbc" check --server s ""
 expect "--report" "--quiet --verbose" plan --json ""
 expect "OFFLINE LOCAL ONLINE" "--database" run --mode ""
 expect "script run check" "--help" help ""
 expect "report.jsonl reports" "" run --report re
 expect "reports" "report.jsonl" run --all --report-dir re
+expect "report.jsonl reports" "" list --fleet re
 
 stage "completion offers nothing that zrt refuses"
 # shellcheck source=/dev/null
@@ -161,7 +165,7 @@ done
 zsh_completion=$root/usr/share/zsh/vendor-completions/_zrt
 if command -v zsh >/dev/null; then
     stage "zsh completion offers what bash offers"
-    for typed in "" "run" "run --all" "check --server s" "plan --json" "run --mode" "help"; do
+    for typed in "" "run" "run --all" "check --retry d" "check --server s" "plan --json" "run --mode" "help"; do
         # shellcheck disable=SC2086
         in_zsh=$(zsh -fc 'compdef() { :; }; source "$0"; _zrt_words "$@"' "$zsh_completion" $typed)
         # shellcheck disable=SC2086

@@ -1,0 +1,118 @@
+#include "fleetdisplay.h"
+
+#include "commandoptions.h"
+#include "printabletext.h"
+
+namespace {
+
+constexpr qint64 kRedrawMilliseconds = 100;
+constexpr char kClearLine[] = "\r\x1b[K";
+
+} // namespace
+
+FleetDisplay::FleetDisplay(CommandContext &context, bool live)
+    : m_context(context)
+    , m_live(live)
+{
+}
+
+void FleetDisplay::started(const FleetRecord &fleet, qsizetype database)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_total = fleet.databases.size();
+    m_running[database].name = escapedControls(fleet.databases[database].name);
+    draw();
+}
+
+void FleetDisplay::advanced(qsizetype database, const QString &phase, int percent)
+{
+    const QMutexLocker lock(&m_mutex);
+    Running &running = m_running[database];
+    running.phase = phase;
+    running.percent = percent;
+    if (!m_sinceDrawn.isValid() || m_sinceDrawn.elapsed() >= kRedrawMilliseconds)
+        draw();
+}
+
+void FleetDisplay::ended(qsizetype database, const QString &lines, bool failed, const QString &errors)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_running.erase(database);
+    ++m_done;
+    m_failed += failed ? 1 : 0;
+    if (m_live)
+        m_context.err << kClearLine;
+    m_context.err << errors;
+    m_context.err.flush();
+    m_context.out << lines;
+    m_context.out.flush();
+    draw();
+}
+
+void FleetDisplay::finish()
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_live && m_sinceDrawn.isValid())
+        m_context.err << kClearLine;
+    m_context.err.flush();
+}
+
+void FleetDisplay::draw()
+{
+    if (!m_live)
+        return;
+    QString line = QStringLiteral("%1/%2 done, %3 running, %4 failed")
+                       .arg(m_done)
+                       .arg(m_total)
+                       .arg(m_running.size())
+                       .arg(m_failed);
+    QString separator = QStringLiteral(": ");
+    for (const auto &[database, running] : m_running) {
+        const QString more = running.phase.isEmpty() ? running.name
+                                                     : QStringLiteral("%1 %2 %3%").arg(running.name, running.phase).arg(running.percent);
+        if (line.size() + separator.size() + more.size() >= m_context.columns)
+            break;
+        line += separator + more;
+        separator = QStringLiteral(", ");
+    }
+    m_context.err << kClearLine << line.left(m_context.columns - 1);
+    m_context.err.flush();
+    m_sinceDrawn.start();
+}
+
+void printFleetHeader(const QCommandLineParser &parser, const FleetWork &work, CommandContext &context)
+{
+    QString subject;
+    if (parser.isSet(QStringLiteral("fleet")))
+        subject = QStringLiteral("fleet %1, %2 servers").arg(parser.value(QStringLiteral("fleet"))).arg(work.servers.size());
+    else if (parser.isSet(QStringLiteral("retry")))
+        subject = QStringLiteral("what %1 left to do, %2 servers").arg(parser.value(QStringLiteral("retry"))).arg(work.servers.size());
+    else
+        subject = QStringLiteral("%1, mode %2").arg(work.servers.first().target, work.servers.first().mode);
+    QString form = work.command;
+    for (const char *selector : {"all", "fleet", "retry"}) {
+        if (parser.isSet(QLatin1String(selector)))
+            form += QLatin1String(" --") + QLatin1String(selector);
+    }
+    context.out << headerLine(form, subject, QDateTime::currentDateTime());
+    if (work.folder)
+        context.out << "Reports in " << escapedControls(*work.folder) << "\n";
+    context.out.flush();
+}
+
+QString fleetDatabaseName(const FleetWork &work, const FleetDatabase &database)
+{
+    if (work.servers.size() == 1)
+        return escapedControls(database.name);
+    return escapedControls(QStringLiteral("%1 (%2)").arg(database.name, work.servers[database.server].server));
+}
+
+void printListingFailures(const QString &command, const QList<FleetServer> &servers, const FleetRecord &fleet,
+                          CommandContext &context)
+{
+    for (qsizetype i = 0; i < servers.size(); ++i) {
+        if (fleet.listings[i].failed())
+            context.err << "zrt " << command << ": "
+                        << escapedControls(listingFailureText(fleet.listings[i], listingTarget(servers[i]))) << "\n";
+    }
+}

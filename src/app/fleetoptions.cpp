@@ -1,0 +1,202 @@
+#include "fleetoptions.h"
+
+#include "commandoptions.h"
+#include "connectionprofiles.h"
+#include "fleetfile.h"
+#include "fleetfolder.h"
+#include "fleetindex.h"
+#include "odbckeywords.h"
+#include "outputfile.h"
+#include "printabletext.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+// Why a fleet's server cannot be taken, or nothing; its mode then as the
+// command line names it.
+std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, const QString &odbcEnv)
+{
+    const std::optional<QString> named = modeNamed(mode);
+    if (!named)
+        return FleetRefusal{QStringLiteral("mode"), unknownModeText(mode)};
+    mode = *named;
+    if (const QString refusal = serverNameRefusal(server); !refusal.isEmpty())
+        return FleetRefusal{QStringLiteral("server"), refusal};
+    if (odbcEnv.isEmpty())
+        return std::nullopt;
+    if (mode == QLatin1String(ConnectionProfiles::kOnline))
+        return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("goes with mode OFFLINE or LOCAL, not ONLINE")};
+    if (qEnvironmentVariableIsEmpty(odbcEnv.toLocal8Bit().constData()))
+        return FleetRefusal{QStringLiteral("odbc_env"),
+                            QStringLiteral("the environment variable %1 is not set").arg(escapedControls(odbcEnv))};
+    return std::nullopt;
+}
+
+// The server's connections: through its variable's ODBC string, else the mode's own login.
+void connect(FleetServer &server, CommandContext &context, int statementSeconds)
+{
+    if (server.odbcEnv.isEmpty()) {
+        server.connections = context.sqlServer(statementSeconds);
+        server.target = serverTarget(ConnectionProfiles::runDataSource(server.mode, server.server));
+        return;
+    }
+    server.connections = context.odbc(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()), statementSeconds);
+    const QString from = QStringLiteral("ODBC from %1").arg(server.odbcEnv);
+    server.target = server.server.isEmpty() ? from : QStringLiteral("server %1 (%2)").arg(server.server, from);
+}
+
+std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &context, int statementSeconds,
+                                          QString &error)
+{
+    const FleetFileReading reading = readFleetFile(path, [](FleetFileServer &server) {
+        return serverRefusal(server.mode, server.server, server.odbcEnv);
+    });
+    if (!reading.fleet) {
+        error = reading.error;
+        return std::nullopt;
+    }
+    FleetServers fleet{{}, reading.fleet->jobs};
+    for (const FleetFileServer &entry : reading.fleet->servers) {
+        FleetServer server;
+        server.server = entry.server;
+        server.mode = entry.mode;
+        server.odbcEnv = entry.odbcEnv;
+        server.patterns = entry.patterns;
+        connect(server, context, statementSeconds);
+        fleet.servers << server;
+    }
+    return fleet;
+}
+
+// A string given with --odbc is not kept: a retry is given it again.
+std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandContext &context, int statementSeconds,
+                                      QString &error)
+{
+    const QString folder = parser.value(QStringLiteral("retry"));
+    FleetRetry retry = readRetry(folder);
+    error = retry.error;
+    for (FleetServer &server : retry.servers) {
+        if (const std::optional<FleetRefusal> refusal = serverRefusal(server.mode, server.server, server.odbcEnv)) {
+            error = QStringLiteral("%1: server '%2': %3").arg(folder, server.server, refusal->reason);
+        } else if (server.odbc.isEmpty()) {
+            connect(server, context, statementSeconds);
+        } else if (const std::optional<QString> odbc = givenOdbc(parser)) {
+            server.connections = context.odbc(*odbc, statementSeconds);
+            server.target = QLatin1String("ODBC ") + withoutPasswords(*odbc);
+        } else {
+            error = QStringLiteral("%1 was run through the ODBC string %2: give it again with --odbc or ZRT_ODBC")
+                        .arg(folder, server.odbc);
+        }
+        if (!error.isEmpty())
+            break;
+    }
+    if (!error.isEmpty())
+        return std::nullopt;
+    return FleetServers{retry.servers, std::nullopt};
+}
+
+std::optional<FleetServers> fromOneServer(const QCommandLineParser &parser, CommandContext &context,
+                                          int statementSeconds, QString &error)
+{
+    const QString modeText = parser.value(QStringLiteral("mode"));
+    const std::optional<QString> mode = modeNamed(modeText);
+    const std::optional<QString> odbc = givenOdbc(parser);
+    if (!mode)
+        error = unknownModeText(modeText);
+    else if (!parser.isSet(QStringLiteral("server")) && !odbc)
+        error = QStringLiteral("missing --server (or --odbc, or ZRT_ODBC)");
+    else if (odbc && *mode == QLatin1String(ConnectionProfiles::kOnline))
+        error = QLatin1String(kOdbcNotOnline);
+    if (!error.isEmpty())
+        return std::nullopt;
+    FleetServer server;
+    server.mode = *mode;
+    server.server = parser.value(QStringLiteral("server"));
+    if (!odbc) {
+        connect(server, context, statementSeconds);
+        return FleetServers{{server}, std::nullopt};
+    }
+    if (parser.isSet(QStringLiteral("odbc")))
+        server.odbc = withoutPasswords(*odbc);
+    else
+        server.odbcEnv = QStringLiteral("ZRT_ODBC");
+    server.connections = context.odbc(*odbc, statementSeconds);
+    server.target = QLatin1String("ODBC ") + withoutPasswords(*odbc);
+    return FleetServers{{server}, std::nullopt};
+}
+
+// A whole number from 1 up given with `option`, or nothing; `ok` false when it is not one.
+std::optional<int> count(const QCommandLineParser &parser, const QString &option, QString &error)
+{
+    if (!parser.isSet(option))
+        return std::nullopt;
+    bool ok = false;
+    const int value = parser.value(option).toInt(&ok);
+    if (ok && value >= 1)
+        return value;
+    error = QStringLiteral("--%1 needs a whole number from 1 up, not '%2'").arg(option, escapedControls(parser.value(option)));
+    return std::nullopt;
+}
+
+} // namespace
+
+bool namesAFleet(const QCommandLineParser &parser)
+{
+    const QStringList given = parser.optionNames();
+    return given.contains(QStringLiteral("all")) || given.contains(QStringLiteral("fleet"))
+        || given.contains(QStringLiteral("retry"));
+}
+
+std::optional<FleetServers> checkedServers(const QCommandLineParser &parser, const QString &command,
+                                           CommandContext &context, int statementSeconds)
+{
+    QString error;
+    std::optional<FleetServers> fleet;
+    // Only what the command's forms define is asked of the parser: list has no --retry.
+    const QStringList given = parser.optionNames();
+    if (given.contains(QStringLiteral("fleet")))
+        fleet = fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
+    else if (given.contains(QStringLiteral("retry")))
+        fleet = fromRetry(parser, context, statementSeconds, error);
+    else
+        fleet = fromOneServer(parser, context, statementSeconds, error);
+    if (!fleet)
+        context.err << "zrt " << command << ": " << escapedControls(error) << "\n";
+    return fleet;
+}
+
+std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QString &command, CommandContext &context,
+                                      int statementSeconds)
+{
+    std::optional<FleetServers> servers = checkedServers(parser, command, context, statementSeconds);
+    if (!servers)
+        return std::nullopt;
+    FleetWork work;
+    work.command = command;
+    work.servers = servers->servers;
+    work.limits.stop = context.stop;
+    QString error;
+    const std::optional<int> jobs = count(parser, QStringLiteral("jobs"), error);
+    const std::optional<int> maxFailures = count(parser, QStringLiteral("max-failures"), error);
+    work.limits.jobs = jobs.value_or(servers->jobs.value_or(kDefaultJobs));
+    work.limits.maxFailures = maxFailures.value_or(0);
+    QString reportDir = parser.value(QStringLiteral("report-dir"));
+    if (reportDir.isEmpty() && parser.isSet(QStringLiteral("retry")))
+        reportDir = QFileInfo(QDir(parser.value(QStringLiteral("retry"))).absolutePath()).path();
+    if (error.isEmpty() && (parser.isSet(QStringLiteral("report-dir")) || !reportDir.isEmpty())) {
+        if (const QString refusal = outputFolderRefusal(reportDir); !refusal.isEmpty()) {
+            error = QLatin1String("--report-dir: ") + refusal;
+        } else {
+            const InvocationFolder folder = makeInvocationFolder(reportDir, command);
+            error = folder.error;
+            work.folder = folder.path;
+        }
+    }
+    if (!error.isEmpty()) {
+        context.err << "zrt " << command << ": " << escapedControls(error) << "\n";
+        return std::nullopt;
+    }
+    return work;
+}

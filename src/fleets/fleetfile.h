@@ -1,0 +1,47 @@
+#pragma once
+
+#include "namepatterns.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+// One [[server]] of a fleet file, as written there.
+struct FleetFileServer
+{
+    QString server;  // as --server names it
+    QString mode;
+    QString odbcEnv; // the environment variable holding its ODBC string; empty: the mode's own login
+    NamePatterns patterns;
+};
+
+struct FleetFile
+{
+    std::optional<int> jobs;
+    QList<FleetFileServer> servers;
+};
+
+// Why a server's entry cannot be taken: the key at fault and the reason.
+struct FleetRefusal
+{
+    QString key;
+    QString reason;
+};
+
+// What the command line asks of each server beyond the file's form; it may
+// put a value into the form it uses (a mode in upper case).
+using FleetServerCheck = std::function<std::optional<FleetRefusal>(FleetFileServer &)>;
+
+struct FleetFileReading
+{
+    std::optional<FleetFile> fleet;
+    QString error; // "FILE:LINE: key 'KEY': why", or what kept the file from being read
+};
+
+// Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
+// server and mode, and optional odbc_env, include and exclude. An unknown or
+// missing key, a value of the wrong type and a server named twice are
+// errors, as is whatever `check` refuses.
+FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

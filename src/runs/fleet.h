@@ -1,0 +1,115 @@
+#pragma once
+
+#include "connection.h"
+#include "databaselisting.h"
+#include "namepatterns.h"
+
+#include <QDateTime>
+#include <QJsonObject>
+#include <QMutex>
+#include <QStringList>
+
+#include <atomic>
+#include <functional>
+#include <optional>
+#include <vector>
+
+// One server of an invocation, and how its databases are reached.
+struct FleetServer
+{
+    QString server; // the data source as --server or a fleet file names it; beside an ODBC string, a name
+    QString mode;
+    QString target;  // where, as messages name it, without secrets
+    QString odbcEnv; // the environment variable its ODBC string came from
+    QString odbc;    // an ODBC string given on the command line, passwords masked
+    ConnectionFactory connections;
+    NamePatterns patterns;
+    std::optional<QStringList> databases; // these, not the server's listing (a retry)
+};
+
+// Where the server's databases are listed, as messages name it: in ONLINE
+// mode the hosted server, wherever its runs open.
+QString listingTarget(const FleetServer &server);
+
+struct FleetDatabase
+{
+    qsizetype server; // its place among the invocation's servers
+    QString name;
+};
+
+// How many databases at once when neither --jobs nor a fleet file says:
+// measured on a listener that takes 2 ms a statement (bench/).
+inline constexpr int kDefaultJobs = 8;
+
+struct FleetLimits
+{
+    int jobs = kDefaultJobs;
+    int maxFailures = 0; // 0: no limit
+    const std::atomic<bool> *stop = nullptr;
+};
+
+enum class DatabaseState { Waiting, Running, Ended, NotStarted };
+
+struct FleetRecord;
+
+// What every command's fleet is given.
+struct FleetWork
+{
+    QString command; // run, plan or check, as the index names it
+    bool preview = false;
+    QList<FleetServer> servers;
+    FleetLimits limits;
+    std::optional<QString> folder; // this invocation's: reports, index.json and index.html
+    std::function<void(const FleetRecord &fleet, qsizetype database)> started; // on the database's thread
+};
+
+// Where every database of a fleet stands, whatever the command.
+struct FleetRecord
+{
+    QDateTime started;
+    QList<FleetDatabase> databases; // every server's in turn, as listed and admitted, or as a retry names them
+    QList<ListingOutcome> listings; // one per server; a server that cannot be listed adds no database
+    std::vector<DatabaseState> states;
+    QStringList reportFiles; // each database's, when the command writes reports
+    QJsonObject index;       // as written in the folder, or as it would be
+    QStringList indexErrors; // index.json or index.html that could not be written
+};
+
+template <typename Result>
+struct FleetResults : FleetRecord
+{
+    std::vector<std::optional<Result>> results; // nothing: never ended
+};
+
+// The servers' databases in turn, each server's as it lists them (or as a
+// retry names them) and its patterns admit, with their report files' names.
+FleetRecord listFleet(const QList<FleetServer> &servers);
+
+template <typename Result>
+FleetResults<Result> listedFleet(const FleetWork &work)
+{
+    FleetResults<Result> fleet;
+    static_cast<FleetRecord &>(fleet) = listFleet(work.servers);
+    fleet.results.resize(fleet.databases.size());
+    return fleet;
+}
+
+// What only the command knows of its index: its outcomes from the best to
+// the worst, a database's entry past its name and server (asked for a
+// running one too when the program is ended at once), and totals beyond the
+// count of each outcome.
+struct FleetIndexParts
+{
+    QStringList outcomes;
+    std::function<QJsonObject(qsizetype database)> entry;
+    std::function<QJsonObject()> totals; // may be empty
+};
+
+// Does every database on up to `jobs` threads, in order: `one` does one,
+// records what became of it under `mutex` and says whether it failed
+// unexpectedly. None starts once `stop` is set (the rest: not done) or once
+// `maxFailures` databases have failed (the rest: not started). Makes the
+// index when all have ended and, with a folder, writes it there, at once too
+// if the program is ended at once; `index` is asked under `mutex`.
+void runFleet(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, const std::function<bool(qsizetype)> &one,
+              const FleetIndexParts &index);
