@@ -2,12 +2,10 @@
 
 #include "allruns.h"
 #include "commandoptions.h"
-#include "emptydatabasescript.h"
 #include "exitstatus.h"
 #include "fleetdisplay.h"
 #include "fleetoptions.h"
 #include "printabletext.h"
-#include "runplan.h"
 #include "statementresult.h"
 
 #include <QJsonArray>
