@@ -459,7 +459,10 @@ private slots:
             qputenv("NO_COLOR", noColor);
         ScriptedServer server;
         const Invocation run = invoke(kRun, server.connections(), nullptr, nullptr, true);
+        listing({"QuorvexA"})(server);
+        const Invocation all = invoke(kRunAll, server.connections(), nullptr, nullptr, true);
         qunsetenv("NO_COLOR");
+        QVERIFY2(all.out.contains(noColor.isNull() ? "  \x1b[32mcompleted      " : "  completed      "), qPrintable(all.out));
         QVERIFY2(run.out.endsWith(noColor.isNull() ? "\x1b[32mcompleted\x1b[0m: 493 statements, none failed unexpectedly\n"
                                                     : "\ncompleted: 493 statements, none failed unexpectedly\n"),
                  qPrintable(run.out));
