@@ -554,7 +554,7 @@ private slots:
 
     void runAllReportsEveryDatabase()
     {
-        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex?a", "Quorvex年度", "Quorvex\x1b[31mB",
+        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex<a&", "Quorvex年度", "Quorvex\x1b[31mB",
                                 "Quorvex" + QString(300, 'x')};
         ScriptedServer server;
         listing(names)(server);
@@ -578,12 +578,12 @@ private slots:
             const QJsonObject run = index[i].toObject();
             QCOMPARE(run.value("database").toString(), names[i]);
             files << run.value("report").toString();
-            rows << escapedControls(names[i]) + " " + run.value("outcome").toString();
+            rows << escapedControls(names[i]).toHtmlEscaped() + " " + run.value("outcome").toString();
             const QJsonObject end = reportLines(folder + "/" + files.last()).last();
             QCOMPARE(end.value("outcome"), run.value("outcome"));
             QCOMPARE(end.value("counts"), run.value("counts"));
         }
-        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a.jsonl",
+        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a_.jsonl",
                                      "004-Quorvex年度.jsonl", "005-Quorvex__31mB.jsonl", "006-Quorvex" + QString(53, 'x') + ".jsonl"}));
 
         const QString dom = renderedDom(folder + "/index.html");
