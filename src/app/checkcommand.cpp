@@ -36,6 +36,11 @@ QString differencesText(const SchemaDrift &drift)
     return QStringLiteral("%1 %2").arg(differences).arg(differences == 1 ? "difference" : "differences");
 }
 
+Tint differencesTint(const SchemaDrift &drift)
+{
+    return drift.differences() == 0 ? Tint::Green : Tint::Yellow;
+}
+
 void printReport(QTextStream &out, const SchemaDrift &drift, bool terminal)
 {
     QStringList missingColumns;
@@ -63,7 +68,7 @@ void printReport(QTextStream &out, const SchemaDrift &drift, bool terminal)
     printGroup(out, "Missing views", drift.missingViews);
     printGroup(out, "Not installable here", notInstallable);
     printGroup(out, "Left alone", leftAlone);
-    out << tinted(differencesText(drift), drift.differences() == 0 ? Tint::Green : Tint::Yellow, terminal) << "\n";
+    out << tinted(differencesText(drift), differencesTint(drift), terminal) << "\n";
 }
 
 int exitStatus(CheckOutcome outcome)
@@ -88,10 +93,6 @@ QString resultText(const DatabaseCheckResult &result)
     return result.drift ? differencesText(*result.drift) : escapedControls(result.error);
 }
 
-void printJson(QTextStream &out, const QJsonObject &object)
-{
-    out << QJsonDocument(object).toJson(QJsonDocument::Compact) << "\n";
-}
 
 int checkOne(const QCommandLineParser &parser, bool json, CommandContext &context)
 {
@@ -110,7 +111,7 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
         QJsonObject document = merged(jsonDocument(QStringLiteral("check")), checkJson(result));
         document.insert(QStringLiteral("database"), choice->database);
         document.insert(QStringLiteral("exit"), status);
-        printJson(context.out, document);
+        context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
     } else if (result.drift) {
         printReport(context.out, *result.drift, context.outTerminal);
     } else {
@@ -132,7 +133,7 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
     checks.started = [&display](const FleetRecord &fleet, qsizetype database) { display.started(fleet, database); };
     checks.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseCheckResult &result) {
         const QString line = fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
-            + resultText(result) + QLatin1Char('\n');
+            + tinted(resultText(result), result.drift ? differencesTint(*result.drift) : Tint::Red, context.outTerminal) + QLatin1Char('\n');
         display.ended(database, json ? QString() : line, !result.drift);
     };
     const AllChecksResult all = checkAllDatabases(checks);
@@ -147,11 +148,7 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
     }
     status = withLostReport(status, !all.indexErrors.isEmpty());
     if (json) {
-        QJsonObject index = all.index;
-        index.insert(QStringLiteral("exit"), status);
-        if (checks.folder)
-            index.insert(QStringLiteral("folder"), *checks.folder);
-        printJson(context.out, index);
+        printFleetJson(checks, all, status, context);
         return status;
     }
     printListingFailures(checks.command, checks.servers, all, context);

@@ -36,8 +36,8 @@ constexpr OptionSyntax kOptions[] = {
     {"max-failures", "N", ValueKind::Text,
      "Start no database once N have ended with unexpected failures; the rest are not started (exit 3)."},
     {"report-dir", "DIR", ValueKind::Folder,
-     "A new folder in DIR for this invocation, YYYYMMDD-HHMMSS-COMMAND, with index.json, index.html and, for run "
-     "and plan, one report per database."},
+     "A new folder in DIR for this invocation, YYYYMMDD-HHMMSS-COMMAND, with index.json, index.html, junit.xml "
+     "and, for run and plan, one report per database."},
     {"statement-timeout", "SECONDS", ValueKind::Text,
      "A statement still running after SECONDS fails as timed out and the run goes on (default 30; 0 waits "
      "for ever)."},

@@ -3,6 +3,9 @@
 #include "commandoptions.h"
 #include "printabletext.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 namespace {
 
 constexpr qint64 kRedrawMilliseconds = 100;
@@ -105,6 +108,17 @@ QString fleetDatabaseName(const FleetWork &work, const FleetDatabase &database)
     if (work.servers.size() == 1)
         return escapedControls(database.name);
     return escapedControls(QStringLiteral("%1 (%2)").arg(database.name, work.servers[database.server].server));
+}
+
+void printFleetJson(const FleetWork &work, const FleetRecord &fleet, int status, CommandContext &context)
+{
+    QJsonObject index = fleet.index;
+    index.insert(QStringLiteral("exit"), status);
+    if (work.folder)
+        index.insert(QStringLiteral("folder"), *work.folder);
+    if (!fleet.indexErrors.isEmpty())
+        index.insert(QStringLiteral("errors"), QJsonArray::fromStringList(fleet.indexErrors));
+    context.out << QJsonDocument(index).toJson(QJsonDocument::Compact) << "\n";
 }
 
 void printListingFailures(const QString &command, const QList<FleetServer> &servers, const FleetRecord &fleet,

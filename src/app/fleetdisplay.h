@@ -52,6 +52,10 @@ void printFleetHeader(const QCommandLineParser &parser, const FleetWork &work, C
 // A database as lines name it: with its server when the fleet has more than one.
 QString fleetDatabaseName(const FleetWork &work, const FleetDatabase &database);
 
+// What --json prints for a fleet: its index, with the exit status, the
+// folder and what could not be written there.
+void printFleetJson(const FleetWork &work, const FleetRecord &fleet, int status, CommandContext &context);
+
 // Why servers could not be listed, on the standard error.
 void printListingFailures(const QString &command, const QList<FleetServer> &servers, const FleetRecord &fleet,
                           CommandContext &context);

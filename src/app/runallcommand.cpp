@@ -7,26 +7,31 @@
 #include "fleetoptions.h"
 #include "printabletext.h"
 #include "statementresult.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
+#include "terminalcolour.h"
 
 namespace {
 
-QString finishedLine(const QString &database, const DatabaseRunResult &result)
+// A database's line as it ends; a preview that ran to its end tells what a
+// run would do.
+QString finishedLine(const QString &database, const DatabaseRunResult &result, bool preview, bool terminal)
 {
     const RunOutcome outcome = outcomeOf(result);
     const QString start = QStringLiteral("%1  %2  ").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
                                                         database.leftJustified(30));
     if (outcome == RunOutcome::CouldNotStart)
-        return start + QLatin1String("could not start: ") + escapedControls(result.reason) + QLatin1Char('\n');
-    return start
-        + QStringLiteral("%1 %2 sent %3 failed %4 columns %5 s\n")
-              .arg(outcomeName(outcome), -24)
-              .arg(result.tally.sent(), 4)
-              .arg(result.tally.unexpected(), 4)
-              .arg(result.tally.columnsAdded(), 4)
-              .arg(result.seconds, 6, 'f', 1);
+        return start + tinted(outcomeName(outcome), outcomeTint(outcome), terminal) + QLatin1String(": ")
+            + escapedControls(result.reason)
+            + (preview && result.openFailure == OpenFailure::DatabaseMissing ? QLatin1String("; a run would create it")
+                                                                            : QLatin1String(""))
+            + QLatin1Char('\n');
+    const bool would = preview && result.preview && !result.stop;
+    const QString counts = QStringLiteral(" %1 sent %2 failed ").arg(result.tally.sent(), 4).arg(result.tally.unexpected(), 4);
+    const QString seconds = QStringLiteral("%1 s").arg(result.seconds, 6, 'f', 1);
+    return start + (would ? QLatin1String("would end ") : QLatin1String(""))
+        + tinted(outcomeName(outcome).leftJustified(24), outcomeTint(outcome), terminal) + counts
+        + (would ? seconds + QLatin1String("  ") + wouldSummary(result.preview->json(result.tally))
+                 : QStringLiteral("%1 columns ").arg(result.tally.columnsAdded(), 4) + seconds)
+        + QLatin1Char('\n');
 }
 
 // Under a database's line with --verbose: its failures by message.
@@ -38,7 +43,7 @@ QString failureLines(const DatabaseRunResult &result)
     return lines;
 }
 
-QString totalsLine(const AllRunsResult &all)
+QString totalsLine(const AllRunsResult &all, bool preview)
 {
     const FleetTotals totals = fleetTotals(all);
     QStringList outcomes;
@@ -46,8 +51,9 @@ QString totalsLine(const AllRunsResult &all)
         if (totals.byOutcome[outcome] > 0)
             outcomes << QStringLiteral("%1 %2").arg(totals.byOutcome[outcome]).arg(outcomeName(RunOutcome(outcome)));
     }
-    return QStringLiteral("%1 databases: %2; %3 statements sent, %4 failed unexpectedly or timed out\n")
+    return QStringLiteral("%1 databases%2: %3; %4 statements sent, %5 failed unexpectedly or timed out\n")
         .arg(all.databases.size())
+        .arg(preview ? QStringLiteral(" previewed, nothing kept") : QString())
         .arg(outcomes.isEmpty() ? QStringLiteral("none") : outcomes.join(QLatin1String(", ")))
         .arg(totals.sent)
         .arg(totals.unexpected);
@@ -97,7 +103,7 @@ int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext
         const bool failed = outcome != RunOutcome::Completed;
         QString lines;
         if (!json && (failed || !quiet))
-            lines = finishedLine(fleetDatabaseName(runs, fleet.databases[database]), result)
+            lines = finishedLine(fleetDatabaseName(runs, fleet.databases[database]), result, preview, context.outTerminal)
                 + (verbose ? failureLines(result) : QString());
         const QString error = result.reportError.isEmpty()
             ? QString() : QStringLiteral("zrt %1: %2\n").arg(name, escapedControls(result.reportError));
@@ -107,13 +113,7 @@ int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext
     display.finish();
     const int status = allExitStatus(all);
     if (json) {
-        QJsonObject index = all.index;
-        index.insert(QStringLiteral("exit"), status);
-        if (runs.folder)
-            index.insert(QStringLiteral("folder"), *runs.folder);
-        if (!all.indexErrors.isEmpty())
-            index.insert(QStringLiteral("errors"), QJsonArray::fromStringList(all.indexErrors));
-        context.out << QJsonDocument(index).toJson(QJsonDocument::Compact) << "\n";
+        printFleetJson(runs, all, status, context);
         return status;
     }
     printListingFailures(runs.command, runs.servers, all, context);
@@ -126,7 +126,7 @@ int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext
         if (!names.isEmpty())
             context.out << title << ": " << names.join(QLatin1String(", ")) << "\n";
     }
-    context.out << totalsLine(all);
+    context.out << totalsLine(all, preview);
     for (const QString &error : all.indexErrors)
         context.err << "zrt " << name << ": " << escapedControls(error) << "\n";
     return status;

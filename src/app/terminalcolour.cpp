@@ -29,6 +29,7 @@ Tint outcomeTint(RunOutcome outcome)
         return Tint::Red;
     case RunOutcome::Interrupted:
     case RunOutcome::NotDone:
+    case RunOutcome::NotStarted:
         return Tint::Grey;
     }
     Q_UNREACHABLE();

@@ -141,3 +141,21 @@ QJsonArray PreviewFindings::json(const StatementTally &tally) const
         findings.append(finding("unread", {{QStringLiteral("what"), unread}}));
     return findings;
 }
+
+QString wouldSummary(const QJsonArray &findings)
+{
+    int created = 0;
+    int added = 0;
+    int widened = 0;
+    int discarded = 0;
+    for (const QJsonValue &finding : findings) {
+        const QString kind = finding[QLatin1String("kind")].toString();
+        created += kind == QLatin1String("create") ? 1 : 0;
+        added += kind == QLatin1String("add") ? 1 : 0;
+        widened += kind == QLatin1String("widen") ? 1 : 0;
+        discarded += kind == QLatin1String("discard") ? finding[QLatin1String("rows")].toInt(1) : 0;
+    }
+    return QStringLiteral("would create %1, add %2, widen %3, discard %4")
+        .arg(counted(created, "table", "tables"), counted(added, "column", "columns"),
+             counted(widened, "column", "columns"), counted(discarded, "row", "rows"));
+}

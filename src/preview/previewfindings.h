@@ -41,3 +41,8 @@ private:
     QList<Widened> m_widened;
     QStringList m_tablesCreated;
 };
+
+// A run's changes in one line, from the findings as json() gives them:
+// "would create 2 tables, add 221 columns, widen 3 columns, discard 40 rows"
+// (the report header row counted as one).
+QString wouldSummary(const QJsonArray &findings);

@@ -156,3 +156,20 @@ QJsonObject StatementTally::json() const
             {QStringLiteral("failures"), failures},
             {QStringLiteral("sourceTablesMissing"), missing}};
 }
+
+QJsonArray StatementTally::failedStatements(qsizetype shown) const
+{
+    QList<std::pair<const FailureGroup::Statement *, const QString *>> failed;
+    for (const FailureGroup &group : m_groups) {
+        for (const FailureGroup::Statement &statement : group.statements)
+            failed.append({&statement, &group.message});
+    }
+    std::sort(failed.begin(), failed.end(), [](const auto &a, const auto &b) { return a.first->index < b.first->index; });
+    QJsonArray statements;
+    for (const auto &[statement, message] : failed.first(std::min(shown, failed.size())))
+        statements.append(QJsonObject{{QStringLiteral("index"), statement->index},
+                                      {QStringLiteral("phase"), phaseName(statement->phase)},
+                                      {QStringLiteral("message"), *message},
+                                      {QStringLiteral("statement"), firstLine(statement->text, 120)}});
+    return statements;
+}

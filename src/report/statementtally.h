@@ -3,6 +3,7 @@
 #include "statementresult.h"
 
 #include <QHash>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
 #include <QString>
@@ -69,6 +70,9 @@ public:
     QString summary(bool verbose, bool reported) const;
     // Counts, failures by message and the views refused for a missing table.
     QJsonObject json() const;
+    // The first `shown` statements that failed unexpectedly or timed out, in
+    // the order they were sent: number, phase, message and first line.
+    QJsonArray failedStatements(qsizetype shown) const;
 
 private:
     int m_sent = 0;

@@ -7,6 +7,10 @@
 
 namespace {
 
+// How many of a database's failed statements its index entry names; its
+// report has every one.
+constexpr qsizetype kFailedStatementsNamed = 50;
+
 DatabaseRunResult runOne(const AllRuns &runs, const AllRunsResult &all, qsizetype database)
 {
     const FleetServer &server = runs.servers[all.databases[database].server];
@@ -84,6 +88,8 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
             json.insert(QStringLiteral("outcome"), outcomeName(RunOutcome::NotStarted));
         if (runs.folder && result && result->reportError.isEmpty())
             json.insert(QStringLiteral("report"), all.reportFiles[database]);
+        if (result && result->tally.unexpected() > 0)
+            json.insert(QStringLiteral("failedStatements"), result->tally.failedStatements(kFailedStatementsNamed));
         return json;
     };
     const auto totals = [&] {

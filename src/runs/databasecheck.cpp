@@ -123,6 +123,12 @@ AllChecksResult checkAllDatabases(const AllChecks &checks)
     QStringList outcomes;
     for (int outcome = 0; outcome < kCheckOutcomes; ++outcome)
         outcomes << checkOutcomeName(CheckOutcome(outcome));
-    runFleet(checks, all, recording, one, {outcomes, entry, {}});
+    const auto totals = [&] {
+        qint64 differences = 0;
+        for (const std::optional<DatabaseCheckResult> &result : all.results)
+            differences += result && result->drift ? result->drift->differences() : 0;
+        return QJsonObject{{QStringLiteral("differences"), differences}};
+    };
+    runFleet(checks, all, recording, one, {outcomes, entry, totals});
     return all;
 }

@@ -1,5 +1,7 @@
 #include "fleetindex.h"
 
+#include "fleetjunit.h"
+#include "fleetpage.h"
 #include "outputfile.h"
 #include "printabletext.h"
 #include "programversion.h"
@@ -8,63 +10,15 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QUrl>
 
 namespace {
 
 constexpr int kIndexFormat = 1;
 
-constexpr char kStyle[] =
-    "body{font-family:sans-serif;margin:1.5em}table{border-collapse:collapse}"
-    "th,td{border:1px solid #bbb;padding:.25em .6em;text-align:left}td.number{text-align:right}"
-    ".completed,.matches{background:#cdeccd}.completed-with-failures,.differs{background:#fbe3a6}"
-    ".nothing-applied,.could-not-start,.could-not-be-read{background:#f5c2c2}"
-    ".interrupted,.not-done,.not-started{background:#ddd}";
-
 // The outcomes a retry leaves alone, by the command that wrote the index.
 QString successOf(const QString &command)
 {
     return command == QLatin1String("check") ? QStringLiteral("matches") : QStringLiteral("completed");
-}
-
-QString html(const QString &text)
-{
-    return escapedControls(text).toHtmlEscaped();
-}
-
-QString cell(const QString &text, const char *cssClass = nullptr)
-{
-    const QString open = cssClass ? QStringLiteral("<td class=\"%1\">").arg(QLatin1String(cssClass)) : QStringLiteral("<td>");
-    return open + html(text) + QLatin1String("</td>");
-}
-
-QString number(const QJsonValue &value, int decimals = 0)
-{
-    return value.isUndefined() ? QString() : QString::number(value.toDouble(), 'f', decimals);
-}
-
-QString row(const QJsonObject &run)
-{
-    const QJsonObject counts = run.value(QLatin1String("counts")).toObject();
-    const QString outcome = run.value(QLatin1String("outcome")).toString();
-    const QString report = run.value(QLatin1String("report")).toString();
-    const QString link = report.isEmpty() ? QString()
-        : QStringLiteral("<a href=\"%1\">%2</a>").arg(QString::fromLatin1(QUrl::toPercentEncoding(report)), html(report));
-    QStringList notes;
-    for (const char *key : {"reason", "reportError", "error"})
-        notes << run.value(QLatin1String(key)).toString();
-    const int unexpected = counts.value(QLatin1String("failed")).toInt() + counts.value(QLatin1String("timedOut")).toInt();
-    return QStringLiteral("<tr class=\"%1\">").arg(QString(outcome).replace(u' ', u'-'))
-        + cell(run.value(QLatin1String("database")).toString(), "database")
-        + cell(run.value(QLatin1String("server")).toString(), "server") + cell(outcome, "outcome")
-        + cell(number(counts.value(QLatin1String("sent"))), "number")
-        + cell(counts.isEmpty() ? QString() : QString::number(unexpected), "number")
-        + cell(number(counts.value(QLatin1String("columnsAdded"))), "number")
-        + cell(number(run.value(QLatin1String("differences"))), "number")
-        + cell(run.value(QLatin1String("started")).toString())
-        + cell(number(run.value(QLatin1String("seconds")), 1), "number")
-        + QLatin1String("<td>") + link + QLatin1String("</td>") + cell(notes.join(QLatin1Char(' ')).trimmed())
-        + QLatin1String("</tr>\n");
 }
 
 void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
@@ -149,32 +103,12 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
             {QStringLiteral("totals"), totals}};
 }
 
-QByteArray fleetPage(const QJsonObject &index)
-{
-    const auto text = [&index](const char *key) { return html(index.value(QLatin1String(key)).toString()); };
-    QStringList servers;
-    for (const QJsonValue &server : index.value(QLatin1String("servers")).toArray())
-        servers << server[QLatin1String("server")].toString() + QLatin1String(" (") + server[QLatin1String("mode")].toString()
-                + QLatin1Char(')');
-    QString page = QStringLiteral("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>zrt %1 on %2</title>"
-                                  "<style>%3</style></head><body>\n<h1>zrt %4: %1 on %2</h1>\n"
-                                  "<p>Started %5, finished %6%7.</p>\n<table><thead><tr><th>Database</th><th>Server</th>"
-                                  "<th>Outcome</th><th>Sent</th><th>Failed</th><th>Columns added</th><th>Differences</th>"
-                                  "<th>Started</th><th>Seconds</th><th>Report</th><th>Note</th></tr></thead><tbody>\n")
-                       .arg(text("command"), html(servers.join(QLatin1String(", "))), QLatin1String(kStyle),
-                            text("version"), text("started"), text("finished"),
-                            index.value(QLatin1String("complete")).toBool() ? QString() : QStringLiteral(", incomplete"));
-    for (const QJsonValue &run : index.value(QLatin1String("databases")).toArray())
-        page += row(run.toObject());
-    page += QLatin1String("</tbody></table>\n</body></html>\n");
-    return page.toUtf8();
-}
-
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors)
 {
     const QDir dir(folder);
     writeWhole(dir.filePath(QStringLiteral("index.json")), QJsonDocument(index).toJson(), errors);
     writeWhole(dir.filePath(QStringLiteral("index.html")), fleetPage(index), errors);
+    writeWhole(dir.filePath(QStringLiteral("junit.xml")), fleetJunit(index), errors);
 }
 
 FleetRetry readRetry(const QString &folder)

@@ -9,12 +9,8 @@
 // --json prints.
 QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const FleetIndexParts &parts);
 
-// The index as one page that needs nothing but itself: a row per database,
-// its outcome coloured, linked to its report.
-QByteArray fleetPage(const QJsonObject &index);
-
-// index.json and index.html, each whole or not at all; what could not be
-// written is added to `errors`.
+// index.json, index.html and junit.xml, each whole or not at all; what could
+// not be written is added to `errors`.
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors);
 
 // What an earlier invocation left to do, from its folder's index.json: the

@@ -1,5 +1,6 @@
 #include "runjunit.h"
 
+#include "fleetentry.h"
 #include "programversion.h"
 
 namespace {
@@ -23,16 +24,6 @@ JUnitSuite emptySuite(const DatabaseRun &run, const QDateTime &started, RunOutco
             {}};
 }
 
-QString stopMessage(const DatabaseRunResult &result)
-{
-    const QString detail = result.stop->detail.isEmpty() ? QString() : QLatin1String(": ") + result.stop->detail;
-    return QStringLiteral("%1 after statement #%2%3; %4 statements not sent")
-        .arg(outcomeName(outcomeOf(result)))
-        .arg(result.stop->afterStatement)
-        .arg(detail)
-        .arg(result.notSent);
-}
-
 } // namespace
 
 JUnitSuite runSuite(const DatabaseRun &run, const DatabaseRunResult &result)
@@ -43,12 +34,13 @@ JUnitSuite runSuite(const DatabaseRun &run, const DatabaseRunResult &result)
     const StatementTally &tally = result.tally;
     // A stop is told where its last statement was sent; before the first, at the open.
     const std::optional<Phase> stoppedIn = result.stop ? tally.lastPhase() : std::nullopt;
+    const QString stopped = outcomeName(outcome) + QLatin1Char(' ') + stopText(runJson(result));
 
     JUnitCase open{run.database, QStringLiteral("open the database")};
     if (result.end == RunEnd::NotOpened)
         open.failure = QLatin1String("could not start: ") + result.reason;
     else if (result.stop && !stoppedIn)
-        open.failure = stopMessage(result);
+        open.failure = stopped;
     suite.cases << open;
 
     for (const Phase phase : kRunOrder) {
@@ -61,9 +53,9 @@ JUnitSuite runSuite(const DatabaseRun &run, const DatabaseRunResult &result)
         for (const FailureGroup &group : groups)
             unexpected += group.statements.size();
         if (phase == stoppedIn)
-            test.failure = stopMessage(result);
+            test.failure = stopped;
         else if (unexpected > 0)
-            test.failure = QStringLiteral("%1 of %2 statements failed unexpectedly or timed out").arg(unexpected).arg(done.sent);
+            test.failure = unexpectedText(unexpected, done.sent);
         else if (done.sent == 0 && result.end != RunEnd::Completed)
             test.skipped = QLatin1String("not sent: ") + outcomeName(outcome);
         test.failureText = failureListing(groups, done.sent);

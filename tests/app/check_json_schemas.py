@@ -5,6 +5,7 @@ prints and every line of every report it writes against docs/schema.
 Usage: check_json_schemas.py ZRT SQLITE_DBO_EXTENSION SCHEMA_FOLDER
 """
 import json
+import os
 import pathlib
 import subprocess
 import sys
@@ -39,15 +40,37 @@ def report_faults(validator, path):
     return found
 
 
+def fleet_faults(index, report_line, parent):
+    """The invocation's folder under parent: index.json, every report, junit.xml."""
+    folders = [path for path in parent.iterdir() if path.is_dir()]
+    if len(folders) != 1:
+        return [f"{parent.name}: {len(folders)} invocation folders"]
+    found = faults(index, json.loads(pathlib.Path(folders[0], "index.json").read_text()), f"{parent.name}/index.json")
+    for report in sorted(folders[0].glob("*.jsonl")):
+        found += report_faults(report_line, report)
+    xml.etree.ElementTree.parse(pathlib.Path(folders[0], "junit.xml"))
+    return found
+
+
 def main(zrt, dbo, schemas):
-    documents = {name: validator(schemas, name) for name in ("run", "check", "list")}
+    documents = {name: validator(schemas, name) for name in ("run", "check", "list", "index")}
     report_line = validator(schemas, "report-line")
     with tempfile.TemporaryDirectory() as folder:
         database = pathlib.Path(folder, "Quorvex.db")
-        one = ["--mode", "LOCAL", "--database", str(database),
-               "--odbc", f"DRIVER={{SQLite3}};Database={database};LoadExt={dbo}"]
+        odbc = f"DRIVER={{SQLite3}};Database={database};LoadExt={dbo}"
+        one = ["--mode", "LOCAL", "--database", str(database), "--odbc", odbc]
         unopened = ["--mode", "LOCAL", "--database", "Quorvex", "--odbc", "DRIVER={No such driver}"]
-        # Name, arguments, exit status, schema of what it prints, report it writes.
+        # A fleet of the one database, as an earlier invocation left it to do.
+        earlier = pathlib.Path(folder, "earlier")
+        earlier.mkdir()
+        pathlib.Path(earlier, "index.json").write_text(json.dumps({
+            "type": "index", "format": 1, "command": "run",
+            "servers": [{"server": "sqlite", "mode": "LOCAL", "odbc": "given"}],
+            "databases": [{"database": str(database), "server": "sqlite", "mode": "LOCAL", "outcome": "not done"}]}))
+        retry = ["--retry", str(earlier), "--odbc", odbc, "--report-dir"]
+        pathlib.Path(folder, "fleet.toml").write_text(
+            '[[server]]\nserver = "sqlite"\nmode = "LOCAL"\nodbc_env = "ZRT_SCHEMA_ODBC"\n')
+        # Name, arguments, exit status, schema of what it prints, report (or fleet folder) it writes.
         rows = [
             ("plan of a new database", ["plan", *one, "--report", "new.jsonl"], 3, "run", "new.jsonl"),
             ("run", ["run", *one, "--report", "run.jsonl", "--junit", "run.xml"], 3, "run", "run.jsonl"),
@@ -57,17 +80,24 @@ def main(zrt, dbo, schemas):
             ("check that could not open", ["check", *unopened], 4, "check", None),
             ("list of a server that cannot be reached",
              ["list", "--mode", "LOCAL", "--server", "127.0.0.1,1"], 4, "list", None),
+            ("list of a fleet", ["list", "--fleet", "fleet.toml"], 4, "list", None),
+            ("run of a fleet", ["run", *retry, "fleet-run"], 3, "index", "fleet-run"),
+            ("plan of a fleet", ["plan", *retry, "fleet-plan"], 3, "index", "fleet-plan"),
+            ("check of a fleet", ["check", *retry, "fleet-check"], 4, "index", "fleet-check"),
         ]
         found = []
         for name, arguments, status, schema, report in rows:
-            ran = subprocess.run([zrt, *arguments, "--json"], cwd=folder, capture_output=True, text=True, timeout=60)
+            ran = subprocess.run([zrt, *arguments, "--json"], cwd=folder, capture_output=True, text=True, timeout=60,
+                                 env={**os.environ, "ZRT_SCHEMA_ODBC": odbc})
             if ran.returncode != status:
                 found.append(f"{name}: exit {ran.returncode}, not {status}: {ran.stderr}")
             try:
                 found += faults(documents[schema], json.loads(ran.stdout), name)
             except json.JSONDecodeError as error:
                 found.append(f"{name}: not one JSON document ({error}): {ran.stdout!r}")
-            if report:
+            if report and schema == "index":
+                found += fleet_faults(documents["index"], report_line, pathlib.Path(folder, report))
+            elif report:
                 found += report_faults(report_line, pathlib.Path(folder, report))
         xml.etree.ElementTree.parse(pathlib.Path(folder, "run.xml"))
     for fault in found:

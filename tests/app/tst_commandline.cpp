@@ -49,19 +49,57 @@ ServerSetup failing(const QString &statement, const DbStatus &status)
     return [=](ScriptedServer &server) { server.failingWith.insert(statement, status); };
 }
 
-// The page as a headless Chromium renders it.
-QString renderedDom(const QString &page)
+// What a headless Chromium makes of the page with `asked` (the DOM with
+// --dump-dom); empty without Chromium.
+QString chromium(const QString &page, const QString &asked)
 {
-    const QString chromium = QStandardPaths::findExecutable(QStringLiteral("chromium"));
-    if (chromium.isEmpty())
+    const QString browser = QStandardPaths::findExecutable(QStringLiteral("chromium"));
+    if (browser.isEmpty())
         return QString();
     QTemporaryDir profile;
-    QProcess browser;
-    browser.start(chromium, {"--headless", "--no-sandbox", "--disable-gpu", "--no-first-run",
-                             "--disable-background-networking", "--disable-component-update", "--disable-sync",
-                             "--user-data-dir=" + profile.path(), "--dump-dom", QUrl::fromLocalFile(page).toString()});
-    browser.waitForFinished(60000);
-    return QString::fromUtf8(browser.readAllStandardOutput());
+    QProcess process;
+    process.start(browser, {"--headless", "--no-sandbox", "--disable-gpu", "--no-first-run", "--hide-scrollbars",
+                            "--disable-background-networking", "--disable-component-update", "--disable-sync",
+                            "--window-size=1400,1000", "--user-data-dir=" + profile.path(), asked,
+                            QUrl::fromLocalFile(page).toString()});
+    process.waitForFinished(60000);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QString renderedDom(const QString &page)
+{
+    return chromium(page, QStringLiteral("--dump-dom"));
+}
+
+// What a JUnit file holds: its suites' and its cases' names, and each failed
+// or skipped case as "CASE failure: MESSAGE\nTEXT".
+struct JUnitRead
+{
+    QStringList suites;
+    QStringList cases;
+    QStringList problems;
+    QString error;
+};
+
+JUnitRead readJunit(const QString &path)
+{
+    QXmlStreamReader xml(fileBytes(path));
+    JUnitRead read;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const QString name = xml.attributes().value(xml.name() == QLatin1String("testsuite") ? "name" : "message").toString();
+        if (xml.name() == QLatin1String("testsuite"))
+            read.suites << name;
+        else if (xml.name() == QLatin1String("testcase"))
+            read.cases << xml.attributes().value("name").toString();
+        else if (xml.name() == QLatin1String("failure") || xml.name() == QLatin1String("skipped"))
+            read.problems << read.cases.last() + " " + xml.name().toString() + ": " + name + "\n" + xml.readElementText();
+    }
+    read.error = xml.hasError() ? xml.errorString() : QString();
+    if (read.suites.isEmpty() && read.error.isEmpty())
+        read.error = QStringLiteral("no test suite in ") + path;
+    return read;
 }
 
 // Sends through `connection` and asks the run to stop once `after` statements
@@ -301,7 +339,7 @@ private slots:
                                            << refusing(refuseA) << false << 4
                                            << "a run would create it by: CREATE DATABASE [Q]  ON (NAME = N'Quorvex KRN', FILENAME = N'/srv/Q.mdf')";
         QTest::newRow("plan --all") << QStringList{"plan", "--all", "--mode", "LOCAL", "--server", "S"} << two << true << 0
-                                    << "2 databases: 2 completed";
+                                    << "2 databases previewed, nothing kept: 2 completed";
         QTest::newRow("check: matches") << check << ServerSetup([](ScriptedServer &s) { answerCatalogue(s, whatARunLeaves()); })
                                         << false << 0 << "\nmatches\n";
         QTest::newRow("check: differs") << check << none << false << 1 << "Stock (source table missing: tblStock)\n87 diff";
@@ -397,28 +435,14 @@ private slots:
         setup(server);
         const QString path = m_dir.filePath(QStringLiteral("junit.xml"));
         invoke(arguments + QStringList{"--junit", path}, server.connections());
-        QXmlStreamReader xml(fileBytes(path));
-        QStringList suites;
-        QStringList cases;
-        QStringList found;
-        while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement)
-                continue;
-            const QString name = xml.attributes().value(xml.name() == QLatin1String("testsuite") ? "name" : "message").toString();
-            if (xml.name() == QLatin1String("testsuite"))
-                suites << name;
-            else if (xml.name() == QLatin1String("testcase"))
-                cases << xml.attributes().value("name").toString();
-            else if (xml.name() == QLatin1String("failure") || xml.name() == QLatin1String("skipped"))
-                found << cases.last() + " " + xml.name().toString() + ": " + name + "\n" + xml.readElementText();
-        }
-        QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
-        QCOMPARE(suites, QStringList{suite});
-        QCOMPARE(cases, (QStringList{"open the database", "rebuilt table drops", "tables", "view drops", "view creates",
-                                     "chart of accounts"}));
-        QCOMPARE(found.size(), problems.size());
-        for (qsizetype i = 0; i < found.size(); ++i)
-            QVERIFY2(found[i].startsWith(problems[i]), qPrintable(found[i]));
+        const JUnitRead junit = readJunit(path);
+        QVERIFY2(junit.error.isEmpty(), qPrintable(junit.error));
+        QCOMPARE(junit.suites, QStringList{suite});
+        QCOMPARE(junit.cases, (QStringList{"open the database", "rebuilt table drops", "tables", "view drops", "view creates",
+                                           "chart of accounts"}));
+        QCOMPARE(junit.problems.size(), problems.size());
+        for (qsizetype i = 0; i < problems.size(); ++i)
+            QVERIFY2(junit.problems[i].startsWith(problems[i]), qPrintable(junit.problems[i]));
     }
 
     void terminalOutput_data()
@@ -435,7 +459,10 @@ private slots:
             qputenv("NO_COLOR", noColor);
         ScriptedServer server;
         const Invocation run = invoke(kRun, server.connections(), nullptr, nullptr, true);
+        listing({"QuorvexA"})(server);
+        const Invocation all = invoke(kRunAll, server.connections(), nullptr, nullptr, true);
         qunsetenv("NO_COLOR");
+        QVERIFY2(all.out.contains(noColor.isNull() ? "  \x1b[32mcompleted      " : "  completed      "), qPrintable(all.out));
         QVERIFY2(run.out.endsWith(noColor.isNull() ? "\x1b[32mcompleted\x1b[0m: 493 statements, none failed unexpectedly\n"
                                                     : "\ncompleted: 493 statements, none failed unexpectedly\n"),
                  qPrintable(run.out));
@@ -527,7 +554,7 @@ private slots:
 
     void runAllReportsEveryDatabase()
     {
-        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex?a", "Quorvex年度", "Quorvex\x1b[31mB",
+        const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex<a&", "Quorvex年度", "Quorvex\x1b[31mB",
                                 "Quorvex" + QString(300, 'x')};
         ScriptedServer server;
         listing(names)(server);
@@ -551,31 +578,44 @@ private slots:
             const QJsonObject run = index[i].toObject();
             QCOMPARE(run.value("database").toString(), names[i]);
             files << run.value("report").toString();
-            rows << escapedControls(names[i]) + " " + run.value("outcome").toString();
+            rows << escapedControls(names[i]).toHtmlEscaped() + " " + run.value("outcome").toString();
             const QJsonObject end = reportLines(folder + "/" + files.last()).last();
             QCOMPARE(end.value("outcome"), run.value("outcome"));
             QCOMPARE(end.value("counts"), run.value("counts"));
         }
-        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a.jsonl",
+        QCOMPARE(files, (QStringList{"001-Quorvex_a.jsonl", "002-Quorvex_a.jsonl", "003-Quorvex_a_.jsonl",
                                      "004-Quorvex年度.jsonl", "005-Quorvex__31mB.jsonl", "006-Quorvex" + QString(53, 'x') + ".jsonl"}));
 
         const QString dom = renderedDom(folder + "/index.html");
         QVERIFY2(!dom.isEmpty(), "chromium did not render the page: scripts/test.sh installs it");
         QStringList rendered;
-        static const QRegularExpression row(R"(<td class="database">([^<]*)</td><td class="server">S</td><td class="outcome">([^<]*)</td>)");
+        static const QRegularExpression row(
+            R"(<td class="database">([^<]*)</td><td class="server">S</td><td class="outcome"[^>]*>([^<]*)</td>)");
         for (const QRegularExpressionMatch &match : row.globalMatch(dom))
             rendered << match.captured(1) + " " + match.captured(2);
+        // The failures first.
+        std::stable_partition(rows.begin(), rows.end(), [](const QString &row) { return row.endsWith("could not start"); });
         QCOMPARE(rendered, rows);
     }
 
-    void runAllStopsOnRequest()
+    void aStoppedFleetTellsWhatFailed()
     {
+        // QuorvexA completes, a statement of QuorvexB times out, QuorvexC is
+        // stopped part-way and QuorvexD is never begun.
+        const QStringList wholeRun = wholeRunFixtureStatements();
+        const QString stock = wholeRun.filter("CREATE VIEW dbo.Stock ").value(0);
         std::atomic<int> statements = 0;
         std::atomic<bool> stop = false;
         ScriptedServer server;
-        listing({"QuorvexA", "QuorvexB", "QuorvexC"})(server);
+        listing({"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD"})(server);
         server.heard = [&] {
-            if (++statements == 1 + 600) // the listing's query, then into the second database's run
+            // One database at a time on one thread: the listing's query, then each run's statements.
+            const int heard = ++statements;
+            if (heard == 1 + 493)
+                server.failingWith.insert(stock, {false, "Query timeout expired", 0, true});
+            if (heard == 1 + 2 * 493)
+                server.failingWith.clear();
+            if (heard == 1 + 2 * 493 + 107)
                 stop = true;
         };
         const QString dir = m_dir.filePath(QStringLiteral("stopped"));
@@ -584,14 +624,74 @@ private slots:
         const QString folder = invocationFolders(dir).value(0);
         QCOMPARE(stopped.exit, 130);
         // The statement under way finishes; none follows it.
-        QCOMPARE(statements.load(), 601);
-        QVERIFY(stopped.out.contains(QRegularExpression("QuorvexB +interrupted +107 sent")));
-        QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexC\n")));
-        QCOMPARE(QJsonDocument::fromJson(fileBytes(folder + "/index.json"))["databases"][1]["counts"]["notSent"].toInt(), 493 - 107);
-        const QList<QJsonObject> partial = reportLines(folder + "/002-QuorvexB.jsonl");
+        QCOMPARE(statements.load(), 1 + 2 * 493 + 107);
+        QVERIFY(stopped.out.contains(QRegularExpression("QuorvexC +interrupted +107 sent")));
+        QVERIFY(stopped.out.contains(QLatin1String("Not done: QuorvexD\n")));
+        const QJsonObject index = QJsonDocument::fromJson(fileBytes(folder + "/index.json")).object();
+        QCOMPARE(index["databases"][2]["counts"]["notSent"].toInt(), 493 - 107);
+        QCOMPARE(index.value("complete").toBool(true), false);
+        const QList<QJsonObject> partial = reportLines(folder + "/003-QuorvexC.jsonl");
         QCOMPARE(partial.size(), 1 + 107 + 1);
         QCOMPARE(partial.last().value("complete").toBool(true), false);
-        QCOMPARE(QJsonDocument::fromJson(fileBytes(folder + "/index.json")).object().value("complete").toBool(true), false);
+
+        const QString dom = renderedDom(folder + "/index.html");
+        QVERIFY2(!dom.isEmpty(), "chromium did not render the page: scripts/test.sh installs it");
+        QVERIFY(chromium(folder + "/index.html", "--screenshot=" + m_dir.filePath("fleet-page.png")).isEmpty());
+        QVERIFY(QFileInfo(m_dir.filePath("fleet-page.png")).size() > 0);
+        for (const QString &shown :
+             {QString("<th>Databases</th><td>4: <span class=\"completed\">1 completed</span>, <span class=\"completed-with-failures\">1 "
+              "completed with failures</span>, <span class=\"interrupted\">1 interrupted</span>, <span class=\"not-done\">1 "
+              "not done</span></td>"),
+              QStringLiteral("<th>Statements sent</th><td>%1</td>").arg(2 * 493 + 107),
+              QString("<th>Statements failed unexpectedly or timed out</th><td>1</td>"),
+              QString("<li>1× timed out: Query timeout expired</li>"),
+              QStringLiteral("<td class=\"number\" data-sort=\"%1\">%1</td><td>view creates</td><td>timed out: Query timeout expired</td>")
+                  .arg(wholeRun.indexOf(stock) + 1),
+              QString("<li>stopped after statement #107; 386 statements not sent</li>"),
+              QString("<li>not begun: the invocation was stopped before its turn</li>")})
+            QVERIFY2(dom.contains(shown), qPrintable(shown));
+        // The failures first, each linked to its failed statements.
+        static const QRegularExpression database("<td class=\"database\">(<a href=\"#db-\\d\">)?(\\w+)");
+        QStringList rows;
+        for (const QRegularExpressionMatch &match : database.globalMatch(dom))
+            rows << match.captured(1) + match.captured(2);
+        QCOMPARE(rows, (QStringList{"<a href=\"#db-2\">QuorvexB", "QuorvexC", "QuorvexD", "QuorvexA"}));
+        QVERIFY(dom.contains("<section id=\"db-2\"><h3>QuorvexB on S: "));
+
+        const JUnitRead junit = readJunit(folder + "/junit.xml");
+        QVERIFY2(junit.error.isEmpty(), qPrintable(junit.error));
+        QCOMPARE(junit.suites, QStringList{"zrt run on S"});
+        QCOMPARE(junit.cases, (QStringList{"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD"}));
+        QCOMPARE(junit.problems.size(), 3);
+        QVERIFY2(junit.problems[0].startsWith("QuorvexB failure: completed with failures: 1 of 493 statements failed "
+                                              "unexpectedly or timed out\n1× timed out: Query timeout expired\n#"),
+                 qPrintable(junit.problems[0]));
+        QVERIFY2(junit.problems[1].startsWith("QuorvexC failure: interrupted: stopped after statement #107"), qPrintable(junit.problems[1]));
+        QVERIFY2(junit.problems[2].startsWith("QuorvexD skipped: not done: not begun"), qPrintable(junit.problems[2]));
+    }
+
+    void aPreviewFleetSaysSo()
+    {
+        ScriptedServer server;
+        listing({"QuorvexA", "QuorvexB"})(server);
+        const QString dir = m_dir.filePath(QStringLiteral("previewed"));
+        const Invocation plan = invoke({"plan", "--all", "--mode", "LOCAL", "--server", "S", "--report-dir", dir}, server.connections());
+        const QString folder = invocationFolders(dir).value(0);
+        QCOMPARE(plan.exit, 0);
+        QVERIFY2(plan.out.contains(QRegularExpression("QuorvexB +would end completed +493 sent +0 failed +\\d+\\.\\d s  would create "
+                                                      "20 tables, add 0 columns, widen 6 columns, discard 0 rows\n")),
+                 qPrintable(plan.out));
+        QVERIFY(QJsonDocument::fromJson(fileBytes(folder + "/index.json"))["preview"].toBool());
+
+        const QString dom = renderedDom(folder + "/index.html");
+        QVERIFY(chromium(folder + "/index.html", "--screenshot=" + m_dir.filePath("fleet-page-preview.png")).isEmpty());
+        for (const char *shown : {"<title>zrt plan on S (LOCAL) (preview, rolled back)</title>",
+                                  "<p class=\"banner\">Preview: every database's statements were rolled back",
+                                  "<th>Statements sent (rolled back)</th>",
+                                  "<td class=\"outcome\" data-sort=\"2\">would end completed</td>",
+                                  "<td>would create 20 tables, add 0 columns, widen 6 columns, discard 0 rows</td>"})
+            QVERIFY2(dom.contains(QLatin1String(shown)), shown);
+        QCOMPARE(readJunit(folder + "/junit.xml").suites, QStringList{"zrt plan on S (preview, rolled back)"});
     }
 
     void theDatabasesConnectionString_data()
