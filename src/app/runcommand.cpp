@@ -42,11 +42,10 @@ QString outcomeDetail(const DatabaseRunResult &result, bool reported)
 {
     const StatementTally &tally = result.tally;
     const auto stopped = [&result](const char *what) {
+        // One arg() for all: the server's words may hold "%1".
         return QStringLiteral("%1 after statement #%2: %3; %4 statements not sent")
-            .arg(QLatin1String(what))
-            .arg(result.stop->afterStatement)
-            .arg(escapedControls(result.stop->detail))
-            .arg(result.notSent);
+            .arg(QLatin1String(what), QString::number(result.stop->afterStatement), escapedControls(result.stop->detail),
+                 QString::number(result.notSent));
     };
     switch (outcomeOf(result)) {
     case RunOutcome::Completed:

@@ -36,10 +36,11 @@ QString stopText(const QJsonObject &entry)
     if (!entry.contains(QLatin1String("stoppedAfter")))
         return QString();
     const QString detail = entry.value(QLatin1String("stopReason")).toString();
+    // One arg() for all: a server's words may hold "%1".
     return QStringLiteral("after statement #%1%2; %3 statements not sent")
-        .arg(entry.value(QLatin1String("stoppedAfter")).toInt())
-        .arg(detail.isEmpty() ? QString() : QLatin1String(": ") + detail)
-        .arg(entry.value(QLatin1String("counts"))[QLatin1String("notSent")].toInt());
+        .arg(QString::number(entry.value(QLatin1String("stoppedAfter")).toInt()),
+             detail.isEmpty() ? QString() : QLatin1String(": ") + detail,
+             QString::number(entry.value(QLatin1String("counts"))[QLatin1String("notSent")].toInt()));
 }
 
 QString unexpectedText(qsizetype unexpected, qsizetype sent)
