@@ -43,6 +43,12 @@ QString stopText(const QJsonObject &entry)
              QString::number(entry.value(QLatin1String("counts"))[QLatin1String("notSent")].toInt()));
 }
 
+int unexpectedCount(const QJsonObject &entry)
+{
+    const QJsonValue counts = entry.value(QLatin1String("counts"));
+    return counts[QLatin1String("failed")].toInt() + counts[QLatin1String("timedOut")].toInt();
+}
+
 QString unexpectedText(qsizetype unexpected, qsizetype sent)
 {
     return QStringLiteral("%1 of %2 statements failed unexpectedly or timed out").arg(unexpected).arg(sent);

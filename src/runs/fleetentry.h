@@ -14,6 +14,9 @@ Standing standingOf(const QString &outcome);
 // not sent". Empty for a run that did not stop.
 QString stopText(const QJsonObject &entry);
 
+// How many of its statements failed unexpectedly or timed out.
+int unexpectedCount(const QJsonObject &entry);
+
 // "3 of 62 statements failed unexpectedly or timed out".
 QString unexpectedText(qsizetype unexpected, qsizetype sent);
 

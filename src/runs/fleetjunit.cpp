@@ -18,7 +18,7 @@ JUnitCase databaseCase(const QJsonObject &entry)
         test.skipped = outcome + QLatin1String(": ") + why;
     } else if (standing != Standing::Succeeded) {
         const QJsonObject counts = entry.value(QLatin1String("counts")).toObject();
-        const int unexpected = counts.value(QLatin1String("failed")).toInt() + counts.value(QLatin1String("timedOut")).toInt();
+        const int unexpected = unexpectedCount(entry);
         QString detail = why;
         if (detail.isEmpty() && unexpected > 0)
             detail = unexpectedText(unexpected, counts.value(QLatin1String("sent")).toInt());

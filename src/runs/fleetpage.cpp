@@ -142,7 +142,7 @@ QString row(const QJsonObject &entry, qsizetype place, const QString &command, b
         cells += numberCell(entry.value(QLatin1String("differences")));
     } else {
         const QJsonValue unexpected = counts.isEmpty() ? QJsonValue(QJsonValue::Undefined)
-            : QJsonValue(counts.value(QLatin1String("failed")).toInt() + counts.value(QLatin1String("timedOut")).toInt());
+            : QJsonValue(unexpectedCount(entry));
         const QString report = entry.value(QLatin1String("report")).toString();
         cells += numberCell(counts.value(QLatin1String("sent"))) + numberCell(unexpected)
             + (preview ? cell(html(entry.contains(QLatin1String("findings"))
@@ -177,8 +177,7 @@ QString section(const QJsonObject &entry, qsizetype place)
                 + cell(QLatin1String("<code>") + html(statement[QLatin1String("statement")].toString()) + QLatin1String("</code>"))
                 + QLatin1String("</tr>\n");
         text += QLatin1String("</tbody></table>\n");
-        const QJsonObject counts = entry.value(QLatin1String("counts")).toObject();
-        const int all = counts.value(QLatin1String("failed")).toInt() + counts.value(QLatin1String("timedOut")).toInt();
+        const int all = unexpectedCount(entry);
         const QString report = entry.value(QLatin1String("report")).toString();
         if (all > failed.size())
             text += QStringLiteral("<p>The first %1 of %2 statements that failed%3.</p>\n")
