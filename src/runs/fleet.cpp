@@ -3,6 +3,7 @@
 #include "connectionprofiles.h"
 #include "fleetfolder.h"
 #include "fleetindex.h"
+#include "keptindex.h"
 #include "lastwords.h"
 
 #include <thread>
@@ -10,8 +11,9 @@
 namespace {
 
 // Takes the databases in order on up to `jobs` threads; the stop rules are
-// asked before each start.
-void runScheduled(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, const std::function<bool(qsizetype)> &one)
+// asked before each start. `changed` is told of each start and end.
+void runScheduled(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, const std::function<bool(qsizetype)> &one,
+                  const std::function<void()> &changed)
 {
     const FleetLimits &limits = work.limits;
     std::vector<DatabaseState> &states = fleet.states;
@@ -32,12 +34,16 @@ void runScheduled(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, cons
                 database = next++;
                 states[database] = DatabaseState::Running;
             }
+            changed();
             if (work.started)
                 work.started(fleet, database);
             const bool failed = one(database);
-            const QMutexLocker lock(&mutex);
-            states[database] = DatabaseState::Ended;
-            failures += failed ? 1 : 0;
+            {
+                const QMutexLocker lock(&mutex);
+                states[database] = DatabaseState::Ended;
+                failures += failed ? 1 : 0;
+            }
+            changed();
         }
     };
     std::vector<std::thread> workers;
@@ -83,16 +89,24 @@ FleetRecord listFleet(const QList<FleetServer> &servers)
 void runFleet(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, const std::function<bool(qsizetype)> &one,
               const FleetIndexParts &index)
 {
+    const auto now = [&] {
+        const QMutexLocker lock(&mutex);
+        return fleetIndex(work, fleet, index);
+    };
     std::optional<int> indexAtOnce;
+    std::optional<KeptIndex> kept;
     if (work.folder) {
-        // A second Ctrl-C ends the program at once: the index still lists
-        // what ended, the running databases as interrupted, the rest as not done.
-        indexAtOnce = LastWords::instance().add([&] {
-            const QMutexLocker lock(&mutex);
-            writeFleetIndex(*work.folder, fleetIndex(work, fleet, index), fleet.indexErrors);
-        });
+        // Ended at once, by a second Ctrl-C or by a kill, the folder still
+        // lists what ended, the running databases as interrupted and the rest
+        // as not done, for a retry to take up.
+        indexAtOnce = LastWords::instance().add([&] { writeFleetIndex(*work.folder, now(), fleet.indexErrors); });
+        kept.emplace(*work.folder, now);
     }
-    runScheduled(work, fleet, mutex, one);
+    runScheduled(work, fleet, mutex, one, [&kept] {
+        if (kept)
+            kept->changed();
+    });
+    kept.reset();
     if (indexAtOnce)
         LastWords::instance().remove(*indexAtOnce);
     fleet.index = fleetIndex(work, fleet, index);

@@ -106,6 +106,30 @@ private slots:
             QCOMPARE(outcomes(reports), (QStringList{"interrupted", "not done"}));
     }
 
+    // The folder is kept current as databases start and end, so a kill leaves
+    // it to a retry, which opens only what had not completed.
+    void aKilledFleetResumes()
+    {
+        TdsListener server({.rows = {{kListing, {"QuorvexA", "QuorvexB", "QuorvexC"}}}, .batchTime = std::chrono::milliseconds(2)});
+        const QString reports = m_dir.filePath(QStringLiteral("killed"));
+        QProcess zrt;
+        zrt.start(QStringLiteral(ZRT_PROGRAM), {"run", "--all", "--mode", "LOCAL", "--server", server.dataSource(),
+                                                "--jobs", "1", "--report-dir", reports});
+        QTRY_VERIFY_WITH_TIMEOUT(outcomes(reports).startsWith("completed"), 20000);
+        zrt.kill();
+        QVERIFY(zrt.waitForFinished(10000));
+        QCOMPARE(zrt.exitStatus(), QProcess::CrashExit);
+        // One job: what completed, the one running, then what had not begun.
+        const QStringList left = outcomes(reports);
+        const qsizetype completed = left.lastIndexOf("completed") + 1;
+        QCOMPARE(left.mid(completed), (QStringList{"interrupted", "not done", "not done"}.mid(0, 3 - completed)));
+        const qsizetype before = server.received().logins.size();
+        zrt.start(QStringLiteral(ZRT_PROGRAM), {"run", "--retry", folderIn(reports), "--report-dir", reports + "-retried"});
+        QVERIFY(zrt.waitForFinished(20000));
+        QCOMPARE(zrt.exitCode(), 0);
+        QCOMPARE(server.received().logins.mid(before), (QStringList{"QuorvexA", "QuorvexB", "QuorvexC"}.mid(completed)));
+    }
+
     void aClosedOutputStopsTheFleet()
     {
         TdsListener server({.rows = {{kListing, {"QuorvexA", "QuorvexB"}}}});

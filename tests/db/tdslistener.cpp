@@ -178,6 +178,7 @@ void TdsListener::converse(int client)
         } else if (type == kLogin) {
             m_received.user = loginText(body, 40);
             m_received.database = loginText(body, 68);
+            m_received.logins << m_received.database;
             if (m_script.loginError)
                 reply(client, packet(errorTokens(*m_script.loginError)));
             else

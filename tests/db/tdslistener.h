@@ -43,6 +43,7 @@ public:
         int connections = 0;
         QString user;
         QString database; // as named in the login
+        QStringList logins; // the database named in each login, in turn
         QStringList batches;
     };
 
