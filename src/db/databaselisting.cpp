@@ -74,7 +74,7 @@ ListingOutcome listDatabases(const QString &mode, const QString &server, const C
 QString listingFailureText(const ListingOutcome &outcome, const QString &target)
 {
     const OpenFailure kind = openFailureOf(outcome.failure);
-    if (kind == OpenFailure::Unreachable || kind == OpenFailure::LoginRefused)
+    if (kind == OpenFailure::Unreachable || kind == OpenFailure::LoginRefused || kind == OpenFailure::Unverified)
         return withoutPasswords(openFailureText(outcome.failure, target));
     return withoutPasswords(QStringLiteral("cannot list the databases of %1: %2").arg(target, outcome.failure.message));
 }

@@ -14,6 +14,8 @@ struct DbStatus
     QString sqlState; // the driver's five-character state, where it gave one
     // The connection died with this failure: nothing sent on it can arrive.
     bool connectionLost = false;
+    // An open refused because the server's certificate was: the message says why.
+    bool unverified = false;
 
     static DbStatus success() { return {}; }
     static DbStatus failure(QString message, int nativeError = 0)

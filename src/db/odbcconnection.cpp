@@ -2,6 +2,7 @@
 
 #include "odbchandle.h"
 #include "odbcrows.h"
+#include "openfailure.h"
 
 #include <QList>
 
@@ -65,6 +66,42 @@ struct OdbcConnection::Session
     }
 };
 
+namespace {
+
+// Whether the driver gets through the TLS handshake with `odbc`: the login
+// after it is then refused or taken.
+bool handshakes(const QString &odbc, int loginSeconds)
+{
+    OdbcConnection::Session probe;
+    SQLSetConnectAttrW(probe.connection.get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(loginSeconds), SQL_IS_UINTEGER);
+    probe.connected = SQL_SUCCEEDED(SQLDriverConnectW(probe.connection.get(), nullptr, wide(odbc), SQLSMALLINT(odbc.size()),
+                                                      nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+    return probe.connected || openFailureOf(probe.connection.failure(true)) == OpenFailure::LoginRefused;
+}
+
+// FreeTDS's number for a connection that failed once the server answered,
+// for no reason the server gave: among others, a handshake it gave up.
+constexpr int kConnectionFailed = 20002;
+
+// A verified open that failed that way: the certificate, when the server
+// passes a handshake that checks less. A server silent or out of reach is not
+// asked again.
+DbStatus whyUnverified(DbStatus failure, const OdbcTarget &target, int loginSeconds)
+{
+    if (failure.nativeError != kConnectionFailed)
+        return failure;
+    const char *why = handshakes(target.hostNameUnchecked, loginSeconds) ? "host name does not match"
+        : handshakes(target.unverified, loginSeconds)                    ? "certificate not trusted"
+                                                                         : nullptr;
+    if (why) {
+        failure.unverified = true;
+        failure.message = QLatin1String(why) + QLatin1String(" (") + failure.message + QLatin1Char(')');
+    }
+    return failure;
+}
+
+} // namespace
+
 OdbcConnection::OdbcConnection(Translator toOdbc, OdbcTimeouts timeouts)
     : m_toOdbc(std::move(toOdbc))
     , m_timeouts(timeouts)
@@ -96,8 +133,10 @@ DbStatus OdbcConnection::open(const QString &connectionString)
     const SQLRETURN connected = SQLDriverConnectW(connection, nullptr, wide(target.connectionString),
                                                   SQLSMALLINT(target.connectionString.size()), nullptr, 0, nullptr,
                                                   SQL_DRIVER_NOPROMPT);
-    if (!SQL_SUCCEEDED(connected))
-        return session->connection.failure(true); // the reason may stand in any of its records
+    if (!SQL_SUCCEEDED(connected)) {
+        const DbStatus failure = session->connection.failure(true); // the reason may stand in any of its records
+        return target.unverified.isEmpty() ? failure : whyUnverified(failure, target, m_timeouts.loginSeconds);
+    }
     session->connected = true;
     m_session = std::move(session);
     if (!target.catalog.isEmpty() && !inCatalog(target.catalog, atLogin)) {
@@ -206,9 +245,12 @@ DbStatus OdbcConnection::close()
     return DbStatus::success();
 }
 
-ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts)
+ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts, std::optional<Encryption> encryption)
 {
-    return [timeouts] { return std::make_unique<OdbcConnection>(odbcTargetFromOleDb, timeouts); };
+    const auto toOdbc = [encryption](const QString &oleDb) {
+        return odbcTargetFromOleDb(oleDb, encryption.value_or(encryptionFromEnvironment()));
+    };
+    return [timeouts, toOdbc] { return std::make_unique<OdbcConnection>(toOdbc, timeouts); };
 }
 
 ConnectionFactory odbcConnectionsTo(const QString &odbc, OdbcTimeouts timeouts)

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 // How long a connection waits on its server before it gives up.
 struct OdbcTimeouts
@@ -32,9 +33,9 @@ public:
     DbStatus close() override;
     bool isOpen() const override { return m_session != nullptr; }
 
-private:
     struct Session;
 
+private:
     // Runs one statement, reading its first result set with columns into
     // `into` when one is asked for.
     DbStatus run(const QString &sql, int timeoutSeconds, ResultSet *into);
@@ -48,8 +49,9 @@ private:
     std::unique_ptr<Session> m_session;
 };
 
-// Connections to SQL Server that open the profiles' OLE DB strings.
-ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts = {});
+// Connections to SQL Server that open the profiles' OLE DB strings, encrypted
+// as `encryption` says, or else as the environment says when each opens.
+ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts = {}, std::optional<Encryption> encryption = std::nullopt);
 
 // Connections that open `odbc` as given, for the database that the system's
 // string names (see odbcTargetFromGiven).

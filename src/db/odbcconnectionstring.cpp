@@ -1,7 +1,9 @@
 #include "odbcconnectionstring.h"
 
 #include "odbckeywords.h"
+#include "verifiedservers.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 
@@ -92,13 +94,11 @@ OdbcTarget refused(const QString &why)
 
 } // namespace
 
-OdbcTarget odbcTargetFromOleDb(const QString &oleDb)
+OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryption)
 {
-    QString encryption = qEnvironmentVariable("ZRT_ENCRYPT");
-    if (encryption.isEmpty())
-        encryption = QStringLiteral("request");
-    if (encryption != QLatin1String("request") && encryption != QLatin1String("require"))
-        return refused(QStringLiteral("ZRT_ENCRYPT must be \"request\" or \"require\", not \"%1\".").arg(encryption));
+    if (const std::optional<EncryptionRefusal> refusal =
+            encryptionRefusal(encryption, QStringLiteral("ZRT_ENCRYPT"), QStringLiteral("ZRT_TLS_CA")))
+        return refused(QStringLiteral("%1 %2.").arg(refusal->key, refusal->reason));
     const OleDbString ole = parseOleDb(oleDb);
     if (ole.ambiguous)
         return refused(QStringLiteral("The server or database name holds \";Data Source=\"."));
@@ -106,25 +106,45 @@ OdbcTarget odbcTargetFromOleDb(const QString &oleDb)
         return refused(QStringLiteral("The server name \"%1\" cannot be used: it holds one of ; { } =.").arg(ole.dataSource));
     const ServerAddress server = serverAddress(ole.dataSource);
 
-    QStringList pairs;
-    pairs << QLatin1String("DRIVER={") + qEnvironmentVariable("ZRT_ODBC_DRIVER", QStringLiteral("FreeTDS"))
-            + QLatin1Char('}');
-    pairs << QLatin1String("SERVER=") + server.host;
-    if (server.port != 0)
-        pairs << QStringLiteral("PORT=%1").arg(server.port);
+    const QString driver = QLatin1String("DRIVER={") + qEnvironmentVariable("ZRT_ODBC_DRIVER", QStringLiteral("FreeTDS"))
+        + QLatin1Char('}');
+    QStringList credentials;
     if (ole.keywords.value(QStringLiteral("integrated security")).compare(QLatin1String("SSPI"), Qt::CaseInsensitive) == 0) {
-        pairs << QStringLiteral("Trusted_Connection=Yes");
+        credentials << QStringLiteral("Trusted_Connection=Yes");
     } else {
         // The profiles' fixed logins; none holds a character that needs care.
         for (const auto &[oleDbName, odbcName] : {std::pair{"user id", "UID="}, std::pair{"password", "PWD="}}) {
             if (ole.keywords.contains(QLatin1String(oleDbName)))
-                pairs << QLatin1String(odbcName) + ole.keywords.value(QLatin1String(oleDbName));
+                credentials << QLatin1String(odbcName) + ole.keywords.value(QLatin1String(oleDbName));
         }
     }
-    pairs << QLatin1String("TDS_Version=") + QLatin1String(kTdsVersion);
-    pairs << QStringLiteral("ClientCharset=UTF-8");
-    pairs << QLatin1String("Encryption=") + encryption;
-    return {pairs.join(QLatin1Char(';')), ole.catalog, QString()};
+    const QStringList rest{QLatin1String("TDS_Version=") + QLatin1String(kTdsVersion), QStringLiteral("ClientCharset=UTF-8"),
+                           QLatin1String("Encryption=")
+                               + (encryption.mode == QLatin1String(kEncryptUnverified) ? QLatin1String(kEncryptRequire)
+                                                                                         : encryption.mode)};
+    QStringList address{QLatin1String("SERVER=") + server.host};
+    if (server.port != 0)
+        address << QStringLiteral("PORT=%1").arg(server.port);
+    if (encryption.mode != QLatin1String(kEncryptRequire))
+        return {(QStringList{driver} + address + credentials + rest).join(QLatin1Char(';')), ole.catalog, QString()};
+
+    // Verified: the server is named by a section that says how.
+    const qsizetype backslash = server.host.indexOf(QLatin1Char('\\'));
+    VerifiedServer verified{server.host.left(backslash), server.port, server.port != 0 ? QString() : server.host.mid(backslash + 1),
+                            encryption.caFile.isEmpty() ? QString() : QFileInfo(encryption.caFile).absoluteFilePath()};
+    QString error;
+    const auto named = [&](const VerifiedServer &how) {
+        return QStringList{driver, QLatin1String("SERVERNAME=") + verifiedServerSection(how, error)};
+    };
+    OdbcTarget target{(named(verified) + credentials + rest).join(QLatin1Char(';')), ole.catalog, QString()};
+    VerifiedServer nameUnchecked = verified;
+    nameUnchecked.checkHostName = false;
+    // A login of no one, with no password: nothing of the operator's reaches
+    // a server not yet verified, and no account of theirs counts a failure.
+    const QStringList probe = QStringList{QStringLiteral("UID=zrt-certificate-probe"), QStringLiteral("PWD=")} + rest;
+    target.hostNameUnchecked = (named(nameUnchecked) + probe).join(QLatin1Char(';'));
+    target.unverified = (QStringList{driver} + address + probe).join(QLatin1Char(';'));
+    return error.isEmpty() ? target : refused(error);
 }
 
 OdbcTarget odbcTargetFromGiven(const QString &odbc, const QString &oleDb)

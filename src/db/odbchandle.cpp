@@ -54,6 +54,7 @@ DbStatus OdbcHandle::failure(bool everyMessage) const
     std::optional<DbStatus> warning;
     QStringList messages;
     bool timedOut = false;
+    int laterNumber = 0;
     for (SQLSMALLINT number = 1;; ++number) {
         const std::optional<DiagnosticRecord> record = diagnosticRecord(m_type, m_handle, number);
         if (!record)
@@ -66,9 +67,13 @@ DbStatus OdbcHandle::failure(bool everyMessage) const
             slot = DbStatus::failure(record->message, record->nativeError);
             slot->sqlState = record->state;
         }
+        if (laterNumber == 0) // the first number the records give, for a failure that gave none
+            laterNumber = record->nativeError;
     }
     if (!status)
         status = warning.value_or(DbStatus::failure(QStringLiteral("The ODBC driver failed without saying why.")));
+    if (status->nativeError == 0)
+        status->nativeError = laterNumber;
     status->timedOut = timedOut;
     if (everyMessage && messages.size() > 1) {
         messages.removeOne(status->message);

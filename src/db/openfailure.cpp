@@ -14,6 +14,8 @@ constexpr std::array kDatabaseMissing = {4060, 911};
 
 OpenFailure openFailureOf(const DbStatus &status)
 {
+    if (status.unverified)
+        return OpenFailure::Unverified;
     if (std::find(kDatabaseMissing.begin(), kDatabaseMissing.end(), status.nativeError) != kDatabaseMissing.end())
         return OpenFailure::DatabaseMissing;
     if (std::find(kLoginRefused.begin(), kLoginRefused.end(), status.nativeError) != kLoginRefused.end()
@@ -35,6 +37,8 @@ QString openFailureName(OpenFailure failure)
         return QStringLiteral("login refused");
     case OpenFailure::DatabaseMissing:
         return QStringLiteral("database missing");
+    case OpenFailure::Unverified:
+        return QStringLiteral("certificate refused");
     case OpenFailure::Other:
         return QStringLiteral("refused");
     }
@@ -53,6 +57,9 @@ QString openFailureText(const DbStatus &status, const QString &target, const QSt
         break;
     case OpenFailure::DatabaseMissing:
         what = QStringLiteral("the database '%1' is missing on %2").arg(database, target);
+        break;
+    case OpenFailure::Unverified:
+        what = QStringLiteral("cannot verify %1").arg(target);
         break;
     case OpenFailure::Other:
         what = database.isEmpty() ? QStringLiteral("cannot open a connection to %1").arg(target)

@@ -7,6 +7,7 @@ enum class OpenFailure {
     Unreachable,     // no server answered: down, unknown, or silent past the login timeout
     LoginRefused,    // the server refused the login
     DatabaseMissing, // the login was taken, the database named in it is not there
+    Unverified,      // the server's certificate was refused: not trusted, or for another host name
     Other,           // refused for another reason, or by the program before anything was sent
 };
 

@@ -1,5 +1,7 @@
 #include "tdslistener.h"
 
+#include "tdssocket.h"
+
 #include <QtEndian>
 
 #include <arpa/inet.h>
@@ -10,8 +12,10 @@ namespace {
 
 enum : char { kBatch = 0x01, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 };
 
-// Whole replies, one packet each. Pre-login: version 15.0.2000, encryption not supported.
-constexpr char kPreloginReply[] = "0401001a0000010000000b00060100110001ff0f0007d0000002";
+// Whole replies, one packet each. Pre-login: version 15.0.2000, then the
+// encryption byte: off (the login only), on, or not supported.
+constexpr char kPreloginReply[] = "0401001a0000010000000b00060100110001ff0f0007d00000";
+enum : char { kEncryptOff = 0, kEncryptOn = 1, kEncryptNotSupported = 2 };
 // Login acknowledged for TDS 7.4, packet size 4096.
 constexpr char kLoginAck[] = "ad1a000174000004084c0069007300740065006e00650072000f000000e313000404"
                              "3400300039003600043400300039003600";
@@ -74,19 +78,25 @@ QByteArray packet(const QByteArray &tokens)
 }
 
 // One packet's type and body; the driver's messages here fit in one packet each.
-bool readPacket(int socket, char *type, QByteArray *body)
+bool readPacket(TdsSocket &socket, char *type, QByteArray *body)
 {
     char header[8];
-    if (::recv(socket, header, sizeof header, MSG_WAITALL) != sizeof header)
+    if (!socket.read(header, sizeof header))
         return false;
     *type = header[0];
     body->resize(qFromBigEndian<quint16>(header + 2) - qsizetype(sizeof header));
-    return body->isEmpty() || ::recv(socket, body->data(), body->size(), MSG_WAITALL) == body->size();
+    return socket.read(body->data(), body->size());
 }
 
-void reply(int socket, const QByteArray &bytes)
+// The encryption the client's pre-login asks for: its option 1.
+char encryptionAsked(const QByteArray &prelogin)
 {
-    ::send(socket, bytes.constData(), bytes.size(), MSG_NOSIGNAL);
+    for (qsizetype at = 0; at + 5 <= prelogin.size() && prelogin[at] != char(0xff); at += 5) {
+        const quint16 offset = qFromBigEndian<quint16>(prelogin.constData() + at + 1);
+        if (prelogin[at] == 1 && offset < prelogin.size())
+            return prelogin[offset];
+    }
+    return kEncryptOff;
 }
 
 QString utf16(const char *bytes, qsizetype characters)
@@ -130,7 +140,8 @@ TdsListener::TdsListener(Script script)
     m_thread = std::thread([this] {
         for (int client; (client = ::accept(m_socket, nullptr, nullptr)) >= 0;) {
             m_clients.emplace_back([this, client] {
-                converse(client);
+                TdsSocket socket(client);
+                converse(socket);
                 ::close(client);
             });
         }
@@ -157,8 +168,9 @@ TdsListener::Received TdsListener::received() const
     return m_received;
 }
 
-void TdsListener::converse(int client)
+void TdsListener::converse(TdsSocket &client)
 {
+    bool loginOnly = false; // encrypted for the login alone
     {
         const std::lock_guard lock(m_mutex);
         ++m_received.connections;
@@ -167,25 +179,32 @@ void TdsListener::converse(int client)
     QByteArray body;
     while (readPacket(client, &type, &body)) {
         if (m_script.manner == Manner::Garbage)
-            reply(client, "HTTP/1.1 400 Bad Request\r\n\r\n");
+            client.write("HTTP/1.1 400 Bad Request\r\n\r\n");
         if (m_script.manner != Manner::Answering)
             continue;
         if (type == kBatch && m_script.batchTime.count() > 0)
             std::this_thread::sleep_for(m_script.batchTime); // the server at work, not the listener waiting on a test
         const std::lock_guard lock(m_mutex);
         if (type == kPrelogin) {
-            reply(client, QByteArray::fromHex(kPreloginReply));
+            const char encryption = m_script.certificate.isEmpty() ? kEncryptNotSupported : encryptionAsked(body);
+            client.write(QByteArray::fromHex(kPreloginReply) + encryption);
+            loginOnly = encryption == kEncryptOff;
+            if (encryption != kEncryptNotSupported && !client.handshake(m_script.certificate, m_script.key))
+                return;
         } else if (type == kLogin) {
+            m_received.encrypted += client.encrypted() ? 1 : 0;
+            if (loginOnly)
+                client.end();
             m_received.user = loginText(body, 40);
             m_received.database = loginText(body, 68);
             m_received.logins << m_received.database;
             if (m_script.loginError)
-                reply(client, packet(errorTokens(*m_script.loginError)));
+                client.write(packet(errorTokens(*m_script.loginError)));
             else
-                reply(client, packet((m_script.landsIn.isEmpty() ? QByteArray() : databaseChange(m_script.landsIn))
+                client.write(packet((m_script.landsIn.isEmpty() ? QByteArray() : databaseChange(m_script.landsIn))
                                      + QByteArray::fromHex(kLoginAck) + QByteArray::fromHex(kDone)));
         } else if (type == kAttention) {
-            reply(client, packet(QByteArray::fromHex(kCancelled)));
+            client.write(packet(QByteArray::fromHex(kCancelled)));
         } else if (type == kBatch) {
             const QString text = batchText(body);
             m_received.batches << text;
@@ -200,7 +219,7 @@ void TdsListener::converse(int client)
             if (begins(m_script.refusedBatch))
                 answer = errorTokens({kRefusal, QStringLiteral("Refused by the listener.")});
             if (!begins(m_script.unansweredBatch))
-                reply(client, packet(answer));
+                client.write(packet(answer));
         }
     }
 }

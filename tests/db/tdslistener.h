@@ -9,9 +9,11 @@
 #include <optional>
 #include <thread>
 
+class TdsSocket;
+
 // A listener on the loopback address that speaks just enough of SQL Server's
 // TDS protocol for the real driver to log in and send batches, and records
-// what it receives. Encryption is never offered. Each client is served on a
+// what it receives. Encryption is offered only with a certificate. Each client is served on a
 // thread of its own, as a server serves its sessions at once.
 class TdsListener
 {
@@ -36,6 +38,10 @@ public:
         QString landsIn;                 // every login answered as landing in this database
         QHash<QString, QStringList> rows; // batches so begun answered with these values, as a column "name"
         std::chrono::milliseconds batchTime{0}; // how long each batch takes the server to answer
+        // PEM files of the server's certificate and key: with them, encryption
+        // is offered as SQL Server offers it, for the login only or throughout.
+        QString certificate;
+        QString key;
     };
 
     struct Received
@@ -44,6 +50,7 @@ public:
         QString user;
         QString database; // as named in the login
         QStringList logins; // the database named in each login, in turn
+        int encrypted = 0;  // logins that came under TLS
         QStringList batches;
     };
 
@@ -59,7 +66,7 @@ public:
     Received received() const;
 
 private:
-    void converse(int client);
+    void converse(TdsSocket &client);
 
     const Script m_script;
     int m_socket = -1;

@@ -3,6 +3,8 @@
 #include "openfailure.h"
 #include "tdslistener.h"
 
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace ConnectionProfiles;
@@ -18,6 +20,14 @@ private slots:
     void theLoginNamesTheDatabase();
     void openFails_data();
     void openFails();
+    void encryption_data();
+    void encryption();
+
+private:
+    // certificates/NAME.pem and .key: "ca", and servers' signed by it or by themselves.
+    QString certificate(const QString &name, const QString &subjectAltName, const QString &signedBy);
+
+    QTemporaryDir m_dir;
 };
 
 void TestConnectionStrings::theLoginNamesTheDatabase_data()
@@ -68,7 +78,9 @@ void TestConnectionStrings::openFails_data()
     QTest::newRow("encryption neither requested nor required")
         << answering << QString() << QByteArray("off") << OpenFailure::Other << "ZRT_ENCRYPT" << 0;
     QTest::newRow("encryption required of a server without it")
-        << answering << QString() << QByteArray("require") << OpenFailure::Unreachable << QString() << 1;
+        << answering << QString() << QByteArray("require-unverified") << OpenFailure::Unreachable << QString() << 1;
+    QTest::newRow("verified encryption of a server without it: asked twice why, without a login")
+        << answering << QString() << QByteArray("require") << OpenFailure::Unreachable << QString() << 3;
     QTest::newRow("login refused")
         << TdsListener::Script{.loginError = TdsListener::Error{18456, "Login failed for user 'quorvex'."}} << QString()
         << QByteArray() << OpenFailure::LoginRefused << "Login failed for user 'quorvex'." << 1;
@@ -98,6 +110,62 @@ void TestConnectionStrings::openFails()
     QVERIFY2(opened.message.contains(message), qPrintable(opened.message));
     QCOMPARE(openFailureOf(opened), failure);
     QCOMPARE(server.received().connections, connections);
+}
+
+QString TestConnectionStrings::certificate(const QString &name, const QString &subjectAltName, const QString &signedBy)
+{
+    const QString path = m_dir.filePath(name);
+    if (QFile::exists(path + ".pem"))
+        return path;
+    QStringList arguments{"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
+                          "-days", "2", "-subj", "/CN=" + name, "-keyout", path + ".key", "-out", path + ".pem"};
+    if (name == "ca")
+        arguments << "-addext" << "keyUsage=keyCertSign";
+    else
+        arguments << "-addext" << "basicConstraints=critical,CA:FALSE";
+    if (!signedBy.isEmpty())
+        arguments << "-CA" << certificate(signedBy, {}, {}) + ".pem" << "-CAkey" << certificate(signedBy, {}, {}) + ".key";
+    if (!subjectAltName.isEmpty())
+        arguments << "-addext" << "subjectAltName=" + subjectAltName;
+    QProcess openssl;
+    openssl.start("openssl", arguments);
+    openssl.waitForFinished();
+    return path;
+}
+
+void TestConnectionStrings::encryption_data()
+{
+    QTest::addColumn<QByteArray>("encrypt");
+    QTest::addColumn<bool>("caGiven");     // ZRT_TLS_CA names the test's CA; else the system's store is asked
+    QTest::addColumn<QString>("server");   // its certificate: "trusted" (the CA's, for 127.0.0.1), "elsewhere", "self-signed"
+    QTest::addColumn<QString>("refusal");  // empty: opened
+    QTest::newRow("require: the CA given, the name matches") << QByteArray("require") << true << "trusted" << "";
+    QTest::newRow("require: an unknown CA") << QByteArray("require") << true << "self-signed" << "certificate not trusted";
+    QTest::newRow("require: another host's name") << QByteArray("require") << true << "elsewhere" << "host name does not match";
+    QTest::newRow("require: a CA the system does not know") << QByteArray("require") << false << "trusted" << "certificate not trusted";
+    QTest::newRow("require-unverified: self-signed") << QByteArray("require-unverified") << false << "self-signed" << "";
+    QTest::newRow("request: the login encrypted") << QByteArray("request") << false << "self-signed" << "";
+}
+
+void TestConnectionStrings::encryption()
+{
+    QFETCH(QByteArray, encrypt);
+    QFETCH(bool, caGiven);
+    QFETCH(QString, server);
+    QFETCH(QString, refusal);
+    const QString signedBy = server == "self-signed" ? QString() : QStringLiteral("ca");
+    const QString path = certificate(server, server == "elsewhere" ? "DNS:elsewhere.example" : "IP:127.0.0.1", signedBy);
+    TdsListener listener({.certificate = path + ".pem", .key = path + ".key"});
+    qputenv("ZRT_ENCRYPT", encrypt);
+    if (caGiven)
+        qputenv("ZRT_TLS_CA", QFile::encodeName(certificate("ca", {}, {}) + ".pem"));
+    const DbStatus opened = sqlServerConnections()()->open(runConnectionString(*prefix("LOCAL"), "QuorvexA", listener.dataSource()));
+    qunsetenv("ZRT_ENCRYPT");
+    qunsetenv("ZRT_TLS_CA");
+    QVERIFY2(opened.ok == refusal.isEmpty() && opened.message.contains(refusal), qPrintable(opened.message));
+    // A server refused saw only a login of no one, under TLS, to find out why.
+    QCOMPARE(listener.received().user, refusal.isEmpty() ? "quorvex" : "zrt-certificate-probe");
+    QCOMPARE(listener.received().encrypted, 1);
 }
 
 QTEST_APPLESS_MAIN(TestConnectionStrings)
