@@ -1,6 +1,7 @@
 #pragma once
 
 #include "connection.h"
+#include "encryption.h"
 
 #include <QTextStream>
 
@@ -13,9 +14,10 @@ struct CommandContext
 {
     QTextStream &out;
     QTextStream &err;
-    // Connections for the three modes, and for an ODBC string the operator
+    // Connections for the three modes (encrypted as `encryption` says, or
+    // else as the environment says), and for an ODBC string the operator
     // gave; each statement may take `statementSeconds` (0: for ever).
-    std::function<ConnectionFactory(int statementSeconds)> sqlServer;
+    std::function<ConnectionFactory(int statementSeconds, const std::optional<Encryption> &encryption)> sqlServer;
     std::function<ConnectionFactory(const QString &odbc, int statementSeconds)> odbc;
     bool terminal = false;                                    // err is a terminal: draw a progress bar, colour
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all

@@ -161,7 +161,7 @@ std::optional<QString> givenOdbc(const QCommandLineParser &parser)
 ConnectionFactory chosenConnections(const QCommandLineParser &parser, CommandContext &context, int statementSeconds)
 {
     const std::optional<QString> odbc = givenOdbc(parser);
-    return odbc ? context.odbc(*odbc, statementSeconds) : context.sqlServer(statementSeconds);
+    return odbc ? context.odbc(*odbc, statementSeconds) : context.sqlServer(statementSeconds, std::nullopt);
 }
 
 std::optional<int> checkedStatementSeconds(const QCommandLineParser &parser, const QString &command,

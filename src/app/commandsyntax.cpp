@@ -133,7 +133,8 @@ constexpr TermSyntax kExitStatuses[] = {
 constexpr TermSyntax kEnvironment[] = {
     {"ZRT_ODBC_DRIVER", "the ODBC driver that reaches SQL Server (default FreeTDS)"},
     {"ZRT_ONLINE_SERVER", "the host of the hosted server of ONLINE mode"},
-    {"ZRT_ENCRYPT", "request (default) or require an encrypted connection;\nuse require with the hosted ONLINE server"},
+    {"ZRT_ENCRYPT", "request (default) encryption, require it with the server's\ncertificate verified (use it with the hosted ONLINE server),\nor require-unverified for a self-signed certificate"},
+    {"ZRT_TLS_CA", "with require: the CA file (PEM) that the certificate is\nverified against, instead of the system's CA store"},
     {"ZRT_ODBC", "an ODBC connection string used as --odbc is, where\nneither --odbc nor --server is given"},
     {"NAME", "in a fleet file, odbc_env = \"NAME\" names a variable that\nholds that server's ODBC string"},
     {"DISPLAY", "without a command, zrt opens the window where this,\nWAYLAND_DISPLAY or QT_QPA_PLATFORM is set"},

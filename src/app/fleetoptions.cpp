@@ -16,7 +16,8 @@ namespace {
 
 // Why a fleet's server cannot be taken, or nothing; its mode then as the
 // command line names it.
-std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, const QString &odbcEnv)
+std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, const QString &odbcEnv,
+                                          const std::optional<Encryption> &encryption)
 {
     const std::optional<QString> named = modeNamed(mode);
     if (!named)
@@ -24,6 +25,13 @@ std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, 
     mode = *named;
     if (const QString refusal = serverNameRefusal(server); !refusal.isEmpty())
         return FleetRefusal{QStringLiteral("server"), refusal};
+    if (encryption) {
+        if (!odbcEnv.isEmpty())
+            return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("its ODBC string says how it is encrypted, not encrypt or tls_ca")};
+        if (const std::optional<EncryptionRefusal> refusal =
+                encryptionRefusal(*encryption, QStringLiteral("encrypt"), QStringLiteral("tls_ca")))
+            return FleetRefusal{refusal->key, refusal->reason};
+    }
     if (odbcEnv.isEmpty())
         return std::nullopt;
     if (mode == QLatin1String(ConnectionProfiles::kOnline))
@@ -38,7 +46,7 @@ std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, 
 void connect(FleetServer &server, CommandContext &context, int statementSeconds)
 {
     if (server.odbcEnv.isEmpty()) {
-        server.connections = context.sqlServer(statementSeconds);
+        server.connections = context.sqlServer(statementSeconds, server.encryption);
         server.target = serverTarget(ConnectionProfiles::runDataSource(server.mode, server.server));
         return;
     }
@@ -50,8 +58,18 @@ void connect(FleetServer &server, CommandContext &context, int statementSeconds)
 std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &context, int statementSeconds,
                                           QString &error)
 {
-    const FleetFileReading reading = readFleetFile(path, [](FleetFileServer &server) {
-        return serverRefusal(server.mode, server.server, server.odbcEnv);
+    const auto encryption = [&path](const FleetFileServer &server) -> std::optional<Encryption> {
+        if (server.encrypt.isEmpty() && server.tlsCa.isEmpty())
+            return std::nullopt;
+        Encryption own = encryptionFromEnvironment();
+        if (!server.encrypt.isEmpty())
+            own = {server.encrypt, server.encrypt == QLatin1String(kEncryptRequire) ? own.caFile : QString()};
+        if (!server.tlsCa.isEmpty()) // beside the fleet file, when not a whole path
+            own.caFile = QFileInfo(path).dir().absoluteFilePath(server.tlsCa);
+        return own;
+    };
+    const FleetFileReading reading = readFleetFile(path, [&encryption](FleetFileServer &server) {
+        return serverRefusal(server.mode, server.server, server.odbcEnv, encryption(server));
     });
     if (!reading.fleet) {
         error = reading.error;
@@ -63,6 +81,7 @@ std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &c
         server.server = entry.server;
         server.mode = entry.mode;
         server.odbcEnv = entry.odbcEnv;
+        server.encryption = encryption(entry);
         server.patterns = entry.patterns;
         connect(server, context, statementSeconds);
         fleet.servers << server;
@@ -78,7 +97,8 @@ std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandC
     FleetRetry retry = readRetry(folder);
     error = retry.error;
     for (FleetServer &server : retry.servers) {
-        if (const std::optional<FleetRefusal> refusal = serverRefusal(server.mode, server.server, server.odbcEnv)) {
+        if (const std::optional<FleetRefusal> refusal =
+                serverRefusal(server.mode, server.server, server.odbcEnv, server.encryption)) {
             error = QStringLiteral("%1: server '%2': %3").arg(folder, server.server, refusal->reason);
         } else if (server.odbc.isEmpty()) {
             connect(server, context, statementSeconds);

@@ -77,7 +77,9 @@ int main(int argc, char *argv[])
     }
     handleSignals();
     CommandContext context{out, err,
-                           [](int statementSeconds) { return sqlServerConnections(timeouts(statementSeconds)); },
+                           [](int statementSeconds, const std::optional<Encryption> &encryption) {
+                               return sqlServerConnections(timeouts(statementSeconds), encryption);
+                           },
                            [](const QString &odbc, int statementSeconds) {
                                return odbcConnectionsTo(odbc, timeouts(statementSeconds));
                            },

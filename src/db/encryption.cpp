@@ -1,5 +1,7 @@
 #include "encryption.h"
 
+#include "verifiedservers.h"
+
 #include <QFileInfo>
 
 Encryption encryptionFromEnvironment()
@@ -19,15 +21,10 @@ std::optional<EncryptionRefusal> encryptionRefusal(const Encryption &encryption,
         return std::nullopt;
     if (encryption.mode != QLatin1String(kEncryptRequire))
         return EncryptionRefusal{caKey, QStringLiteral("goes with \"require\": only then is the certificate verified")};
-    // The driver reads the file's name from a freetds.conf line, which ends at
-    // any of these and runs spaces together.
-    for (const QChar c : encryption.caFile) {
-        if (c.category() == QChar::Other_Control || QStringLiteral(";#\"{}").contains(c))
-            return EncryptionRefusal{caKey, QStringLiteral("the file name \"%1\" holds one of ; # \" { } or a control character")
-                                                .arg(encryption.caFile)};
-    }
-    if (encryption.caFile.contains(QLatin1String("  ")) || encryption.caFile.trimmed() != encryption.caFile)
-        return EncryptionRefusal{caKey, QStringLiteral("the file name \"%1\" has spaces at an end or two in a row").arg(encryption.caFile)};
+    if (confMisreads(encryption.caFile))
+        return EncryptionRefusal{caKey, QStringLiteral("the file name \"%1\" cannot be given to the driver: it holds one of "
+                                                       "; # \" { }, a control character, or spaces at an end or two in a row")
+                                            .arg(encryption.caFile)};
     const QFileInfo file(encryption.caFile);
     if (!file.isFile() || !file.isReadable())
         return EncryptionRefusal{caKey, QStringLiteral("cannot read the CA file %1").arg(encryption.caFile)};

@@ -129,6 +129,9 @@ OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryptio
         return {(QStringList{driver} + address + credentials + rest).join(QLatin1Char(';')), ole.catalog, QString()};
 
     // Verified: the server is named by a section that says how.
+    if (confMisreads(server.host))
+        return refused(QStringLiteral("The server name \"%1\" cannot be verified: it holds one of # \", a control character, "
+                                      "or spaces at an end or two in a row.").arg(server.host));
     const qsizetype backslash = server.host.indexOf(QLatin1Char('\\'));
     VerifiedServer verified{server.host.left(backslash), server.port, server.port != 0 ? QString() : server.host.mid(backslash + 1),
                             encryption.caFile.isEmpty() ? QString() : QFileInfo(encryption.caFile).absoluteFilePath()};

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -37,6 +38,14 @@ QByteArray sectionText(const QString &name, const VerifiedServer &server)
 }
 
 } // namespace
+
+bool confMisreads(const QString &value)
+{
+    return value.trimmed() != value || value.contains(QLatin1String("  "))
+        || std::any_of(value.begin(), value.end(), [](QChar c) {
+               return c.category() == QChar::Other_Control || QStringLiteral(";#\"{}").contains(c);
+           });
+}
 
 QString verifiedServerSection(const VerifiedServer &server, QString &error)
 {

@@ -15,6 +15,10 @@ struct VerifiedServer
     bool operator==(const VerifiedServer &) const = default;
 };
 
+// Whether freetds.conf would read `value` as something else: a line ends at
+// ; # or a line break, quotes and braces are its own, spaces run together.
+bool confMisreads(const QString &value);
+
 // FreeTDS verifies a certificate only for a server named by a section of a
 // freetds.conf (its ODBC string takes Encryption alone). The process keeps
 // such a file of its own, made when first needed in a folder only its user

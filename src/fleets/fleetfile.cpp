@@ -13,7 +13,7 @@
 namespace {
 
 constexpr std::array<std::string_view, 2> kFleetKeys = {"jobs", "server"};
-constexpr std::array<std::string_view, 5> kServerKeys = {"server", "mode", "odbc_env", "include", "exclude"};
+constexpr std::array<std::string_view, 7> kServerKeys = {"server", "mode", "odbc_env", "encrypt", "tls_ca", "include", "exclude"};
 
 QString text(std::string_view view)
 {
@@ -76,6 +76,10 @@ std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileS
         fault = readText(table, "mode", true, server.mode);
     if (!fault)
         fault = readText(table, "odbc_env", false, server.odbcEnv);
+    if (!fault)
+        fault = readText(table, "encrypt", false, server.encrypt);
+    if (!fault)
+        fault = readText(table, "tls_ca", false, server.tlsCa);
     if (!fault)
         fault = readTexts(table, "include", server.patterns.include);
     if (!fault)

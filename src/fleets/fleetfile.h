@@ -14,6 +14,8 @@ struct FleetFileServer
     QString server;  // as --server names it
     QString mode;
     QString odbcEnv; // the environment variable holding its ODBC string; empty: the mode's own login
+    QString encrypt; // as ZRT_ENCRYPT; empty: not given
+    QString tlsCa;   // as ZRT_TLS_CA; empty: not given
     NamePatterns patterns;
 };
 
@@ -41,7 +43,7 @@ struct FleetFileReading
 };
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
-// server and mode, and optional odbc_env, include and exclude. An unknown or
+// server and mode, and optional odbc_env, encrypt, tls_ca, include and exclude. An unknown or
 // missing key, a value of the wrong type and a server named twice are
 // errors, as is whatever `check` refuses.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

@@ -2,6 +2,7 @@
 
 #include "connection.h"
 #include "databaselisting.h"
+#include "encryption.h"
 #include "namepatterns.h"
 
 #include <QDateTime>
@@ -22,6 +23,7 @@ struct FleetServer
     QString target;  // where, as messages name it, without secrets
     QString odbcEnv; // the environment variable its ODBC string came from
     QString odbc;    // an ODBC string given on the command line, passwords masked
+    std::optional<Encryption> encryption; // its own; nothing: as the environment says
     ConnectionFactory connections;
     NamePatterns patterns;
     std::optional<QStringList> databases; // these, not the server's listing (a retry)

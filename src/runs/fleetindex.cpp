@@ -35,6 +35,11 @@ QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
         json.insert(QStringLiteral("odbcEnv"), server.odbcEnv);
     if (!server.odbc.isEmpty())
         json.insert(QStringLiteral("odbc"), server.odbc);
+    if (server.encryption) {
+        json.insert(QStringLiteral("encrypt"), server.encryption->mode);
+        if (!server.encryption->caFile.isEmpty())
+            json.insert(QStringLiteral("tlsCa"), server.encryption->caFile);
+    }
     if (!server.patterns.include.isEmpty())
         json.insert(QStringLiteral("include"), QJsonArray::fromStringList(server.patterns.include));
     if (!server.patterns.exclude.isEmpty())
@@ -130,6 +135,8 @@ FleetRetry readRetry(const QString &folder)
         server.mode = value[QLatin1String("mode")].toString();
         server.odbcEnv = value[QLatin1String("odbcEnv")].toString();
         server.odbc = value[QLatin1String("odbc")].toString();
+        if (value[QLatin1String("encrypt")].isString())
+            server.encryption = Encryption{value[QLatin1String("encrypt")].toString(), value[QLatin1String("tlsCa")].toString()};
         server.patterns = {texts(value[QLatin1String("include")]), texts(value[QLatin1String("exclude")])};
         if (!value[QLatin1String("error")].isString()) {
             QStringList left;

@@ -31,7 +31,7 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
         out.setDevice(standardOutput);
     QTextStream err(&result.err);
     CommandContext context{out, err,
-                           [&result, sqlServer](int statementSeconds) {
+                           [&result, sqlServer](int statementSeconds, const std::optional<Encryption> &) {
                                result.statementSeconds << statementSeconds;
                                return sqlServer;
                            },

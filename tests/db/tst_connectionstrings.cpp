@@ -136,36 +136,44 @@ QString TestConnectionStrings::certificate(const QString &name, const QString &s
 void TestConnectionStrings::encryption_data()
 {
     QTest::addColumn<QByteArray>("encrypt");
-    QTest::addColumn<bool>("caGiven");     // ZRT_TLS_CA names the test's CA; else the system's store is asked
+    QTest::addColumn<QString>("ca");       // ZRT_TLS_CA: "the test's", a file name, or empty: the system's store
     QTest::addColumn<QString>("server");   // its certificate: "trusted" (the CA's, for 127.0.0.1), "elsewhere", "self-signed"
     QTest::addColumn<QString>("refusal");  // empty: opened
-    QTest::newRow("require: the CA given, the name matches") << QByteArray("require") << true << "trusted" << "";
-    QTest::newRow("require: an unknown CA") << QByteArray("require") << true << "self-signed" << "certificate not trusted";
-    QTest::newRow("require: another host's name") << QByteArray("require") << true << "elsewhere" << "host name does not match";
-    QTest::newRow("require: a CA the system does not know") << QByteArray("require") << false << "trusted" << "certificate not trusted";
-    QTest::newRow("require-unverified: self-signed") << QByteArray("require-unverified") << false << "self-signed" << "";
-    QTest::newRow("request: the login encrypted") << QByteArray("request") << false << "self-signed" << "";
+    QTest::addColumn<QString>("user");     // the last to log in, encrypted; empty: nothing sent
+    const QString probe = QStringLiteral("zrt-certificate-probe");
+    QTest::newRow("require: the CA given, the name matches") << QByteArray("require") << "the test's" << "trusted" << "" << "quorvex";
+    QTest::newRow("require: an unknown CA")
+        << QByteArray("require") << "the test's" << "self-signed" << "certificate not trusted" << probe;
+    QTest::newRow("require: another host's name")
+        << QByteArray("require") << "the test's" << "elsewhere" << "host name does not match" << probe;
+    QTest::newRow("require: a CA the system does not know")
+        << QByteArray("require") << "" << "trusted" << "certificate not trusted" << probe;
+    QTest::newRow("require: a CA file name that freetds.conf misreads")
+        << QByteArray("require") << "ca.pem\n[x]" << "trusted" << "ZRT_TLS_CA the file name" << "";
+    QTest::newRow("request: a CA file verifies nothing") << QByteArray("request") << "the test's" << "trusted" << "goes with" << "";
+    QTest::newRow("require-unverified: self-signed") << QByteArray("require-unverified") << "" << "self-signed" << "" << "quorvex";
+    QTest::newRow("request: the login encrypted") << QByteArray("request") << "" << "self-signed" << "" << "quorvex";
 }
 
 void TestConnectionStrings::encryption()
 {
     QFETCH(QByteArray, encrypt);
-    QFETCH(bool, caGiven);
+    QFETCH(QString, ca);
     QFETCH(QString, server);
     QFETCH(QString, refusal);
+    QFETCH(QString, user);
     const QString signedBy = server == "self-signed" ? QString() : QStringLiteral("ca");
     const QString path = certificate(server, server == "elsewhere" ? "DNS:elsewhere.example" : "IP:127.0.0.1", signedBy);
     TdsListener listener({.certificate = path + ".pem", .key = path + ".key"});
     qputenv("ZRT_ENCRYPT", encrypt);
-    if (caGiven)
-        qputenv("ZRT_TLS_CA", QFile::encodeName(certificate("ca", {}, {}) + ".pem"));
+    qputenv("ZRT_TLS_CA", QFile::encodeName(ca == "the test's" ? certificate("ca", {}, {}) + ".pem" : ca));
     const DbStatus opened = sqlServerConnections()()->open(runConnectionString(*prefix("LOCAL"), "QuorvexA", listener.dataSource()));
     qunsetenv("ZRT_ENCRYPT");
     qunsetenv("ZRT_TLS_CA");
     QVERIFY2(opened.ok == refusal.isEmpty() && opened.message.contains(refusal), qPrintable(opened.message));
     // A server refused saw only a login of no one, under TLS, to find out why.
-    QCOMPARE(listener.received().user, refusal.isEmpty() ? "quorvex" : "zrt-certificate-probe");
-    QCOMPARE(listener.received().encrypted, 1);
+    QCOMPARE(listener.received().user, user);
+    QCOMPARE(listener.received().encrypted, user.isEmpty() ? 0 : 1);
 }
 
 QTEST_APPLESS_MAIN(TestConnectionStrings)
