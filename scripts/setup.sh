@@ -5,8 +5,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+# GnuTLS's headers only for the tests' loopback listener, which speaks TLS.
 bash scripts/install_missing.sh cmake gcc g++ make dpkg-dev qt6-base-dev libsqlite3-dev unixodbc \
-    unixodbc-dev odbcinst tdsodbc libsqliteodbc libtomlplusplus-dev
+    unixodbc-dev odbcinst tdsodbc libsqliteodbc libtomlplusplus-dev pkg-config libgnutls28-dev
 
 register_driver() { # name, library file
     if ! odbcinst -q -d -n "$1" >/dev/null 2>&1; then

@@ -19,31 +19,34 @@ void runScheduled(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, cons
     std::vector<DatabaseState> &states = fleet.states;
     qsizetype next = 0;
     int failures = 0;
+    // The next database to start, if any. The one this thread ran before
+    // ends in the same step, so that the index never shows a moment when
+    // this thread runs neither.
+    const auto take = [&](std::optional<qsizetype> ended, bool failed) -> std::optional<qsizetype> {
+        const QMutexLocker lock(&mutex);
+        if (ended) {
+            states[*ended] = DatabaseState::Ended;
+            failures += failed ? 1 : 0;
+        }
+        if ((limits.stop && limits.stop->load()) || next == qsizetype(states.size()))
+            return std::nullopt;
+        if (limits.maxFailures > 0 && failures >= limits.maxFailures) {
+            for (; next < qsizetype(states.size()); ++next)
+                states[next] = DatabaseState::NotStarted;
+            return std::nullopt;
+        }
+        states[next] = DatabaseState::Running;
+        return next++;
+    };
     const auto worker = [&] {
-        for (;;) {
-            qsizetype database = 0;
-            {
-                const QMutexLocker lock(&mutex);
-                if ((limits.stop && limits.stop->load()) || next == qsizetype(states.size()))
-                    return;
-                if (limits.maxFailures > 0 && failures >= limits.maxFailures) {
-                    for (; next < qsizetype(states.size()); ++next)
-                        states[next] = DatabaseState::NotStarted;
-                    return;
-                }
-                database = next++;
-                states[database] = DatabaseState::Running;
-            }
+        for (std::optional<qsizetype> database = take(std::nullopt, false);; ) {
             changed();
+            if (!database)
+                return;
             if (work.started)
-                work.started(fleet, database);
-            const bool failed = one(database);
-            {
-                const QMutexLocker lock(&mutex);
-                states[database] = DatabaseState::Ended;
-                failures += failed ? 1 : 0;
-            }
-            changed();
+                work.started(fleet, *database);
+            const bool failed = one(*database);
+            database = take(database, failed);
         }
     };
     std::vector<std::thread> workers;

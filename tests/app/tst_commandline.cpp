@@ -1,6 +1,8 @@
 #include "catalogueanswers.h"
 #include "commandinvocation.h"
 #include "fleetdisplay.h"
+#include "fleetjunit.h"
+#include "fleetpage.h"
 #include "printabletext.h"
 #include "programversion.h"
 #include "scriptfixture.h"
@@ -667,6 +669,65 @@ private slots:
                  qPrintable(junit.problems[0]));
         QVERIFY2(junit.problems[1].startsWith("QuorvexC failure: interrupted: stopped after statement #107"), qPrintable(junit.problems[1]));
         QVERIFY2(junit.problems[2].startsWith("QuorvexD skipped: not done: not begun"), qPrintable(junit.problems[2]));
+    }
+
+    // Where each outcome puts a database: on the page among the failed, the
+    // left undone or the done; in the JUnit file as a failed, skipped or passed case.
+    void fleetDocumentsPlaceEachOutcome_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("outcome");
+        QTest::addColumn<QString>("junit");    // how its case ends: "failure", "skipped", or empty: passed
+        QTest::addColumn<QString>("rows");     // the page's order of X (this outcome), U (interrupted), D (done)
+        QTest::newRow("completed") << "run" << "completed" << "" << "UDX";
+        QTest::newRow("completed with failures") << "run" << "completed with failures" << "failure" << "XUD";
+        QTest::newRow("nothing applied") << "run" << "nothing applied" << "failure" << "XUD";
+        QTest::newRow("connection lost") << "run" << "connection lost" << "failure" << "XUD";
+        QTest::newRow("could not start") << "run" << "could not start" << "failure" << "XUD";
+        QTest::newRow("preview stopped") << "plan" << "preview stopped" << "failure" << "XUD";
+        QTest::newRow("not done") << "run" << "not done" << "skipped" << "UXD";
+        QTest::newRow("not started") << "run" << "not started" << "skipped" << "UXD";
+        QTest::newRow("check: matches") << "check" << "matches" << "" << "UDX";
+        QTest::newRow("check: differs") << "check" << "differs" << "failure" << "XUD";
+        QTest::newRow("check: could not be read") << "check" << "could not be read" << "failure" << "XUD";
+    }
+
+    void fleetDocumentsPlaceEachOutcome()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, outcome);
+        QFETCH(QString, junit);
+        QFETCH(QString, rows);
+        QJsonArray failures;
+        for (int message = 1; message <= 5; ++message)
+            failures.append(QJsonObject{{"count", 1}, {"message", QString::number(message)}});
+        const QJsonObject server{{"server", "S"}, {"mode", "LOCAL"}};
+        const QJsonArray databases{
+            QJsonObject{{"database", "D"}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", command == "check" ? "matches" : "completed"}},
+            QJsonObject{{"database", "U"}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", "interrupted"}},
+            QJsonObject{{"database", "X"}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", outcome}, {"failures", failures}}};
+        const QJsonObject index{{"command", command},
+                                {"servers", QJsonArray{server, QJsonObject{{"server", "T"}, {"mode", "LOCAL"}, {"error", "unlisted"}}}},
+                                {"databases", databases}};
+        const QString page = QString::fromUtf8(fleetPage(index));
+        static const QRegularExpression database("<td class=\"database\">(?:<a [^>]*>)?(\\w)<");
+        QString order;
+        for (const QRegularExpressionMatch &match : database.globalMatch(page))
+            order += match.captured(1);
+        QCOMPARE(order, rows);
+        QVERIFY(page.contains("<li>1× 3</li><li>and 2 more messages</li>"));
+        const QString path = m_dir.filePath(QStringLiteral("outcomes.xml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(fleetJunit(index)) > 0);
+        file.close();
+        QStringList problems{"U failure: interrupted"};
+        if (!junit.isEmpty())
+            problems << "X " + junit + ": " + outcome;
+        problems << "list the databases failure: unlisted";
+        QStringList found = readJunit(path).problems;
+        for (QString &problem : found)
+            problem = problem.section(QRegularExpression("[:\\n]"), 0, 1);
+        QCOMPARE(found, problems);
     }
 
     void aPreviewFleetSaysSo()

@@ -70,6 +70,8 @@ void TestSchemaDrift::drift_data()
         << SchemaChange([](DatabaseSchema &s) {
                table(s, "tblConfig").name = "TBLCONFIG";
                column(s, "tblClosingDate", "ClosingDate").type = "datetime";
+               column(s, "tblPartyInfo", "PartyPhone").name = "partyphone";
+               s.views.first() = s.views.first().toUpper();
            })
         << QStringList() << 0;
     QTest::newRow("missing column, expected at its widened width")
