@@ -31,9 +31,10 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
         out.setDevice(standardOutput);
     QTextStream err(&result.err);
     CommandContext context{out, err,
-                           [&result, sqlServer](int statementSeconds, const std::optional<Encryption> &) {
+                           [&result, sqlServer](int statementSeconds, const std::optional<Encryption> &encryption) {
                                result.statementSeconds << statementSeconds;
-                               return sqlServer;
+                               // A server's own encryption is the real driver's to keep.
+                               return encryption ? sqlServerConnections({}, encryption) : sqlServer;
                            },
                            [&result](const QString &odbc, int statementSeconds) {
                                result.statementSeconds << statementSeconds;

@@ -7,6 +7,7 @@
 #include "programversion.h"
 #include "scriptfixture.h"
 #include "tdslistener.h"
+#include "testcertificate.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -892,6 +893,25 @@ private slots:
         qputenv("ZRT_ODBC", site);
         QCOMPARE(invoke({"list", "--mode", "LOCAL"}).out, QStringLiteral("QuorvexB\nQuorvexC2023\n"));
         qunsetenv("ZRT_ODBC");
+    }
+
+    // A fleet file's own encryption holds for its server: its certificate
+    // verified against the CA file beside the fleet file, the login never sent.
+    void aFleetFilesEncryptionHolds()
+    {
+        const QString self = testCertificate(m_dir.path(), "self-signed", "IP:127.0.0.1", true);
+        testCertificate(m_dir.path(), "ca");
+        TdsListener server({.rows = {{kLocalListing, {"QuorvexA"}}}, .certificate = self + ".pem", .key = self + ".key"});
+        const QString path = m_dir.filePath(QStringLiteral("encrypted.toml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[[server]]\nserver = \"" + server.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\nencrypt = \"require\"\n"
+                   "tls_ca = \"ca.pem\"\n");
+        file.close();
+        const Invocation list = invoke({"list", "--fleet", path}, sqlServerConnections());
+        QCOMPARE(list.exit, 4);
+        QVERIFY2(list.err.contains("certificate not trusted"), qPrintable(list.err));
+        QCOMPARE(server.received().user, QStringLiteral("zrt-certificate-probe"));
     }
 
     void retryRunsWhatWasLeft()

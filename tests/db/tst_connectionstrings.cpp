@@ -2,8 +2,8 @@
 #include "odbcconnection.h"
 #include "openfailure.h"
 #include "tdslistener.h"
+#include "testcertificate.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,9 +24,6 @@ private slots:
     void encryption();
 
 private:
-    // certificates/NAME.pem and .key: "ca", and servers' signed by it or by themselves.
-    QString certificate(const QString &name, const QString &subjectAltName, const QString &signedBy);
-
     QTemporaryDir m_dir;
 };
 
@@ -112,27 +109,6 @@ void TestConnectionStrings::openFails()
     QCOMPARE(server.received().connections, connections);
 }
 
-QString TestConnectionStrings::certificate(const QString &name, const QString &subjectAltName, const QString &signedBy)
-{
-    const QString path = m_dir.filePath(name);
-    if (QFile::exists(path + ".pem"))
-        return path;
-    QStringList arguments{"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
-                          "-days", "2", "-subj", "/CN=" + name, "-keyout", path + ".key", "-out", path + ".pem"};
-    if (name == "ca")
-        arguments << "-addext" << "keyUsage=keyCertSign";
-    else
-        arguments << "-addext" << "basicConstraints=critical,CA:FALSE";
-    if (!signedBy.isEmpty())
-        arguments << "-CA" << certificate(signedBy, {}, {}) + ".pem" << "-CAkey" << certificate(signedBy, {}, {}) + ".key";
-    if (!subjectAltName.isEmpty())
-        arguments << "-addext" << "subjectAltName=" + subjectAltName;
-    QProcess openssl;
-    openssl.start("openssl", arguments);
-    openssl.waitForFinished();
-    return path;
-}
-
 void TestConnectionStrings::encryption_data()
 {
     QTest::addColumn<QByteArray>("encrypt");
@@ -162,11 +138,11 @@ void TestConnectionStrings::encryption()
     QFETCH(QString, server);
     QFETCH(QString, refusal);
     QFETCH(QString, user);
-    const QString signedBy = server == "self-signed" ? QString() : QStringLiteral("ca");
-    const QString path = certificate(server, server == "elsewhere" ? "DNS:elsewhere.example" : "IP:127.0.0.1", signedBy);
+    const QString path = testCertificate(m_dir.path(), server, server == "elsewhere" ? "DNS:elsewhere.example" : "IP:127.0.0.1",
+                                         server == "self-signed");
     TdsListener listener({.certificate = path + ".pem", .key = path + ".key"});
     qputenv("ZRT_ENCRYPT", encrypt);
-    qputenv("ZRT_TLS_CA", QFile::encodeName(ca == "the test's" ? certificate("ca", {}, {}) + ".pem" : ca));
+    qputenv("ZRT_TLS_CA", QFile::encodeName(ca == "the test's" ? testCertificate(m_dir.path(), "ca") + ".pem" : ca));
     const DbStatus opened = sqlServerConnections()()->open(runConnectionString(*prefix("LOCAL"), "QuorvexA", listener.dataSource()));
     qunsetenv("ZRT_ENCRYPT");
     qunsetenv("ZRT_TLS_CA");
