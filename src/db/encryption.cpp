@@ -22,11 +22,11 @@ std::optional<EncryptionRefusal> encryptionRefusal(const Encryption &encryption,
     if (encryption.mode != QLatin1String(kEncryptRequire))
         return EncryptionRefusal{caKey, QStringLiteral("goes with \"require\": only then is the certificate verified")};
     if (confMisreads(encryption.caFile))
-        return EncryptionRefusal{caKey, QStringLiteral("the file name \"%1\" cannot be given to the driver: it holds one of "
+        return EncryptionRefusal{caKey, QStringLiteral("names \"%1\", which the driver cannot be given: it holds one of "
                                                        "; # \" { }, a control character, or spaces at an end or two in a row")
                                             .arg(encryption.caFile)};
     const QFileInfo file(encryption.caFile);
     if (!file.isFile() || !file.isReadable())
-        return EncryptionRefusal{caKey, QStringLiteral("cannot read the CA file %1").arg(encryption.caFile)};
+        return EncryptionRefusal{caKey, QStringLiteral("names a file that cannot be read: %1").arg(encryption.caFile)};
     return std::nullopt;
 }

@@ -60,7 +60,7 @@ QString verifiedServerSection(const VerifiedServer &server, QString &error)
             error = QStringLiteral("cannot make a folder for the driver's settings: %1").arg(folder->errorString());
             return QString();
         }
-        if (QFile earlier(qEnvironmentVariable("FREETDSCONF")); earlier.open(QIODevice::ReadOnly))
+        if (QFile earlier(qEnvironmentVariable("FREETDSCONF")); !earlier.fileName().isEmpty() && earlier.open(QIODevice::ReadOnly))
             conf.text = earlier.readAll() + '\n';
         conf.folder = std::move(folder);
     }

@@ -125,7 +125,7 @@ void TestConnectionStrings::encryption_data()
     QTest::newRow("require: a CA the system does not know")
         << QByteArray("require") << "" << "trusted" << "certificate not trusted" << probe;
     QTest::newRow("require: a CA file name that freetds.conf misreads")
-        << QByteArray("require") << "ca.pem\n[x]" << "trusted" << "ZRT_TLS_CA the file name" << "";
+        << QByteArray("require") << "ca.pem\n[x]" << "trusted" << "ZRT_TLS_CA names \"ca.pem" << "";
     QTest::newRow("request: a CA file verifies nothing") << QByteArray("request") << "the test's" << "trusted" << "goes with" << "";
     QTest::newRow("require-unverified: self-signed") << QByteArray("require-unverified") << "" << "self-signed" << "" << "quorvex";
     QTest::newRow("request: the login encrypted") << QByteArray("request") << "" << "self-signed" << "" << "quorvex";
