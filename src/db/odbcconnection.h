@@ -31,6 +31,7 @@ public:
     DbStatus rollback() override;
     DbStatus close() override;
     bool isOpen() const override { return m_session != nullptr; }
+    QString engine() const override;
 
 private:
     struct Session;

@@ -8,6 +8,14 @@
 #include <functional>
 #include <optional>
 
+// lock_timeout, lock_retries and lock_wait, where the file gives them.
+struct FleetLockKeys
+{
+    std::optional<int> lockTimeout;
+    std::optional<int> lockRetries;
+    std::optional<int> lockWait;
+};
+
 // One [[server]] of a fleet file, as written there.
 struct FleetFileServer
 {
@@ -15,11 +23,13 @@ struct FleetFileServer
     QString mode;
     QString odbcEnv; // the environment variable holding its ODBC string; empty: the mode's own login
     NamePatterns patterns;
+    FleetLockKeys locks; // over the file's own
 };
 
 struct FleetFile
 {
     std::optional<int> jobs;
+    FleetLockKeys locks;
     QList<FleetFileServer> servers;
 };
 
@@ -41,7 +51,8 @@ struct FleetFileReading
 };
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
-// server and mode, and optional odbc_env, include and exclude. An unknown or
+// server and mode, and optional odbc_env, include and exclude; lock_timeout,
+// lock_retries and lock_wait (from 0) at the top and in each [[server]]. An unknown or
 // missing key, a value of the wrong type and a server named twice are
 // errors, as is whatever `check` refuses.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "applicationlock.h"
 #include "connection.h"
 #include "databaselisting.h"
 #include "namepatterns.h"
@@ -25,6 +26,7 @@ struct FleetServer
     ConnectionFactory connections;
     NamePatterns patterns;
     std::optional<QStringList> databases; // these, not the server's listing (a retry)
+    LockPolicy locks;
 };
 
 // Where the server's databases are listed, as messages name it: in ONLINE
@@ -46,6 +48,7 @@ struct FleetLimits
     int jobs = kDefaultJobs;
     int maxFailures = 0; // 0: no limit
     const std::atomic<bool> *stop = nullptr;
+    Pause pause; // between tries of a statement refused its locks; empty: as a run waits
 };
 
 enum class DatabaseState { Waiting, Running, Ended, NotStarted };

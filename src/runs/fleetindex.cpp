@@ -78,7 +78,7 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
         if (const qsizetype place = parts.outcomes.indexOf(outcome); place >= 0)
             ++byOutcome[place];
         complete = complete && outcome != QLatin1String("interrupted") && outcome != QLatin1String("not done")
-            && outcome != QLatin1String("not started");
+            && outcome != QLatin1String("not started") && outcome != QLatin1String("busy");
         databases.append(entry);
     }
     QJsonArray counts;
