@@ -7,6 +7,7 @@
 #include "tdslistener.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,12 +20,15 @@
 
 using ServerSetup = std::function<void(ScriptedServer &)>;
 Q_DECLARE_METATYPE(ServerSetup)
+Q_DECLARE_METATYPE(TdsListener::Script)
 
 namespace {
 
 const QString kLocalListing = QStringLiteral("Select name From sys.databases Where name like 'Quorvex%' Order By name");
 const QStringList kRun{"run", "--mode", "LOCAL", "--database", "QuorvexA"};
 const QStringList kRunAll{"run", "--all", "--mode", "LOCAL", "--server", "S"};
+// How the query naming a lock's holders begins.
+const QString kLockHolders = QStringLiteral("SELECT TOP (3) s.session_id");
 
 ServerSetup listing(const QStringList &names)
 {
@@ -790,6 +794,96 @@ private slots:
         QCOMPARE(run.exit, 2);
         QVERIFY2(run.err.startsWith("zrt run: " + path + named), qPrintable(run.err));
         QVERIFY(server.logs().isEmpty() && !QFileInfo::exists(unmade));
+    }
+
+    // Through the real driver: the lock and the lock timeout before the first
+    // statement, nothing sent when another run holds the lock, a statement
+    // refused its locks sent again in its place.
+    void aLiveServerIsShared_data()
+    {
+        QTest::addColumn<TdsListener::Script>("script");
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<int>("exit");
+        QTest::addColumn<QString>("printed");
+        QTest::addColumn<int>("tries"); // of the refused statement; 0: the run sends no statement
+        const QString drop = QStringLiteral("drop table [dbo].[tblKWClientInfo]");
+        QTest::newRow("nothing blocks") << TdsListener::Script{} << QStringList() << 0 << "completed: 493 statements" << 1;
+        QTest::newRow("options") << TdsListener::Script{} << QStringList{"--lock-wait", "7", "--lock-timeout", "2"} << 0
+                                 << "completed: 493 statements" << 1;
+        QTest::newRow("another run holds it") << TdsListener::Script{.appLockAnswer = -1} << QStringList() << 3
+                                              << "busy: another run holds QuorvexA; nothing was sent" << 0;
+        QTest::newRow("refused twice") << TdsListener::Script{.blockedBatch = drop, .blockedTimes = 2} << QStringList()
+                                       << 0 << "completed: 493 statements, none failed" << 3;
+        QTest::newRow("refused past its retries")
+            << TdsListener::Script{.blockedBatch = drop, .blockedTimes = 9} << QStringList{"--lock-retries", "2"} << 3
+            << "     1  blocked: [FreeTDS][SQL Server]Lock request time out period exceeded.; no holder this login may see" << 3;
+    }
+
+    void aLiveServerIsShared()
+    {
+        QFETCH(TdsListener::Script, script);
+        QFETCH(QStringList, options);
+        QFETCH(int, exit);
+        QFETCH(QString, printed);
+        QFETCH(int, tries);
+        const TdsListener listener(script);
+        const QString report = m_dir.filePath(QStringLiteral("shared.jsonl"));
+        QList<std::chrono::milliseconds> pauses;
+        const Invocation run = invoke(QStringList{"run", "--mode", "LOCAL", "--server", listener.dataSource(), "--database",
+                                                  "QuorvexA", "--report", report} + options,
+                                      sqlServerConnections(), nullptr, nullptr, false, [&pauses](std::chrono::milliseconds pause) {
+                                          pauses << pause;
+                                          return true;
+                                      });
+        QVERIFY2((run.out + run.err).contains(printed), qPrintable(run.out + run.err));
+        QCOMPARE(run.exit, exit);
+        const QString wait = options.contains("--lock-wait") ? "7000" : "0";
+        const QString timeout = options.contains("--lock-timeout") ? "2000" : "5000";
+        QStringList expected{"DECLARE @granted int; EXEC @granted = sp_getapplock @Resource = N'zrt maintenance', "
+                             "@LockMode = N'Exclusive', @LockOwner = N'Session', @LockTimeout = " + wait
+                             + "; SELECT @granted AS granted"};
+        if (tries > 0) {
+            expected << "SET LOCK_TIMEOUT " + timeout;
+            for (const QString &statement : wholeRunFixtureStatements()) {
+                for (int i = 0; i < (statement == script.blockedBatch ? tries : 1); ++i)
+                    expected << statement;
+                if (statement == script.blockedBatch && exit != 0)
+                    expected << kLockHolders;
+            }
+            expected << "EXEC sp_releaseapplock @Resource = N'zrt maintenance', @LockOwner = N'Session'";
+        }
+        QStringList received = listener.received().batches;
+        for (QString &batch : received)
+            batch = batch.startsWith(kLockHolders) ? kLockHolders : batch;
+        QCOMPARE(received, expected);
+        QList<std::chrono::milliseconds> doubling;
+        for (int i = 1; i < tries; ++i)
+            doubling << std::chrono::milliseconds(1000 << (i - 1));
+        QCOMPARE(pauses, doubling);
+        QStringList triesReported;
+        for (const QJsonObject &line : reportLines(report)) {
+            if (line.contains("tries"))
+                triesReported << line["text"].toString() + " " + QString::number(line["tries"].toInt());
+        }
+        QCOMPARE(triesReported, tries > 1 ? QStringList{script.blockedBatch + " " + QString::number(tries)} : QStringList());
+    }
+
+    // Ctrl-C during a pause before a statement's next try ends it at once.
+    void aStopEndsAPauseAtOnce()
+    {
+        const TdsListener listener({.blockedBatch = QStringLiteral("drop table [dbo].[tblKWClientInfo]"), .blockedTimes = 9});
+        std::atomic<bool> stop = false;
+        QElapsedTimer paused;
+        const Invocation run = invoke({"run", "--mode", "LOCAL", "--server", listener.dataSource(), "--database", "QuorvexA"},
+                                      sqlServerConnections(), &stop, nullptr, false, [&](std::chrono::milliseconds pause) {
+                                          stop = true; // as Ctrl-C does, just as the pause begins
+                                          paused.start();
+                                          return pauseUnlessStopped(pause * 60, &stop);
+                                      });
+        QVERIFY(paused.elapsed() < 1000);
+        QCOMPARE(run.exit, 130);
+        QVERIFY2(run.out.contains("interrupted after 3 statements"), qPrintable(run.out));
+        QCOMPARE(listener.received().batches.filter("drop table [dbo].[tblKWClientInfo]").size(), 1);
     }
 
     void fleetAcrossServers()

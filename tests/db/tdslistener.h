@@ -36,6 +36,9 @@ public:
         QString landsIn;                 // every login answered as landing in this database
         QHash<QString, QStringList> rows; // batches so begun answered with these values, as a column "name"
         std::chrono::milliseconds batchTime{0}; // how long each batch takes the server to answer
+        int appLockAnswer = 0;           // what sp_getapplock returns: 0 granted, -1 timed out
+        QString blockedBatch;            // refused with kLockRequestTimedOut...
+        int blockedTimes = 0;            // ...this many times, then answered
     };
 
     struct Received
@@ -47,6 +50,7 @@ public:
     };
 
     static constexpr int kRefusal = 50123;
+    static constexpr int kLockRequestTimedOut = 1222;
 
     TdsListener();
     explicit TdsListener(Script script);
@@ -65,6 +69,7 @@ private:
     int m_port = 0;
     mutable std::mutex m_mutex;
     Received m_received;
+    int m_blocked = 0; // refusals of the blocked batch so far
     std::thread m_thread;
     std::list<std::thread> m_clients; // joined once no more are taken
 };
