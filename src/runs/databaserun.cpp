@@ -96,9 +96,10 @@ public:
     }
     bool stopRequested() const override { return m_cut || (m_run.stop && m_run.stop->load()); }
 
+    // A stopped run sends nothing more: its session's end lets the lock go.
     void releaseLock()
     {
-        if (m_locked && m_module.SharedConnection().isOpen() && !m_cut)
+        if (m_locked && m_module.SharedConnection().isOpen() && !stopRequested())
             releaseApplicationLock(m_module.SharedConnection());
     }
 
