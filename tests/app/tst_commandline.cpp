@@ -886,6 +886,44 @@ private slots:
         QCOMPARE(listener.received().batches.filter("drop table [dbo].[tblKWClientInfo]").size(), 1);
     }
 
+    // Held by another run: nothing is sent, the database is left for a retry,
+    // and --max-failures does not count it. A fleet file's lock keys hold
+    // under the command line's.
+    void aBusyDatabaseIsLeftForLater()
+    {
+        const TdsListener held({.rows = {{kLocalListing, {"QuorvexA", "QuorvexB"}}}, .appLockAnswer = -1});
+        const QString path = m_dir.filePath(QStringLiteral("held.toml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("lock_wait = 3\nlock_timeout = 1\n[[server]]\nserver = \"" + held.dataSource().toUtf8()
+                   + "\"\nmode = \"LOCAL\"\nlock_wait = 4\n");
+        file.close();
+        const QString dir = m_dir.filePath(QStringLiteral("held"));
+        const Invocation run = invoke({"run", "--fleet", path, "--max-failures", "1", "--report-dir", dir}, sqlServerConnections());
+        QCOMPARE(run.exit, 3);
+        QVERIFY2(run.out.contains("Busy, held by another run: QuorvexA, QuorvexB\n"), qPrintable(run.out));
+        const QString folder = invocationFolders(dir).value(0);
+        QStringList outcomes;
+        for (const QJsonValue &entry : QJsonDocument::fromJson(fileBytes(folder + "/index.json"))["databases"].toArray())
+            outcomes << entry["outcome"].toString() + ": " + entry["reason"].toString();
+        QCOMPARE(outcomes, (QStringList{"busy: another run holds QuorvexA", "busy: another run holds QuorvexB"}));
+        QCOMPARE(readJunit(folder + "/junit.xml").problems.filter(" skipped: ").size(), 2);
+        const QStringList sent = held.received().batches.filter(QRegularExpression("^(?!Select name)"));
+        QCOMPARE(sent.size(), 2);
+        QVERIFY2(sent.filter("@LockMode = N'Exclusive', @LockOwner = N'Session', @LockTimeout = 4000;").size() == 2,
+                 qPrintable(sent.join('\n')));
+
+        const Invocation retry = invoke({"run", "--retry", folder, "--lock-wait", "6"}, sqlServerConnections());
+        QCOMPARE(retry.exit, 3);
+        QCOMPARE(held.received().batches.filter("@LockTimeout = 6000;").size(), 2);
+
+        const Invocation check = invoke({"check", "--mode", "LOCAL", "--server", held.dataSource(), "--database", "QuorvexA"},
+                                        sqlServerConnections());
+        QCOMPARE(check.exit, 3);
+        QVERIFY2(check.err.contains("zrt check: another run holds QuorvexA\n"), qPrintable(check.err));
+        QVERIFY(held.received().batches.last().contains("@LockMode = N'Shared', @LockOwner = N'Session', @LockTimeout = 0;"));
+    }
+
     void fleetAcrossServers()
     {
         TdsListener first({.rows = {{kLocalListing, {"QuorvexA", "QuorvexTest"}}}});
