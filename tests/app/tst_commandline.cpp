@@ -224,6 +224,12 @@ private slots:
         QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0", "--report-dir", missingDir} << "--jobs";
         QTest::newRow("--max-failures 0") << kRunAll + QStringList{"--max-failures", "0"} << "--max-failures";
         QTest::newRow("run --all: with --database") << kRunAll + QStringList{"--database", "Q"} << "--database";
+        QTest::newRow("a negative --lock-retries") << kRun + QStringList{"--lock-retries", "-1"}
+                                                   << "zrt run: --lock-retries needs a whole number from 0 up, not '-1'";
+        QTest::newRow("check: --lock-wait as text") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--lock-wait", "x"}
+                                                    << "zrt check: --lock-wait needs a whole number from 0 up";
+        QTest::newRow("check: no --lock-timeout") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--lock-timeout", "1"}
+                                                  << "Unknown option 'lock-timeout'";
     }
 
     void badUsage()
@@ -778,6 +784,10 @@ private slots:
                                              << ":2: key 'server': the server name 'S}'";
         QTest::newRow("no jobs") << "jobs = 0\n" + local << ":1: key 'jobs'";
         QTest::newRow("no server") << QByteArray("jobs = 2\n") << ":1: key 'server'";
+        QTest::newRow("a negative lock timeout") << "lock_timeout = -1\n" + local
+                                                 << ":1: key 'lock_timeout': must be a whole number from 0 up";
+        QTest::newRow("lock retries as text") << local + "lock_retries = \"5\"\n"
+                                              << ":4: key 'lock_retries': must be a whole number from 0 up";
     }
 
     void badFleetFiles()
