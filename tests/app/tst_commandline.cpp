@@ -516,6 +516,42 @@ private slots:
         QCOMPARE(calls.last(), QStringLiteral("rollback"));
     }
 
+    // A refusal of its locks ends no transaction, but a preview asks before
+    // each try: nothing is sent outside it.
+    void planSendsAgainOnlyInsideItsTransaction_data()
+    {
+        QTest::addColumn<QString>("tranCount");
+        QTest::addColumn<int>("sends");
+        QTest::newRow("open") << "1" << 6;
+        QTest::newRow("ended") << "0" << 1;
+    }
+
+    void planSendsAgainOnlyInsideItsTransaction()
+    {
+        QFETCH(QString, tranCount);
+        QFETCH(int, sends);
+        const QString probe = QStringLiteral("SELECT @@TRANCOUNT AS TranCount");
+        const QString drop = QStringLiteral("drop table [dbo].[tblKWClientInfo]");
+        ScriptedServer server;
+        server.failingWith.insert(drop, DbStatus::failure("Lock request time out period exceeded.", 1222));
+        server.answers.insert(probe, singleColumn("TranCount", {tranCount}));
+        int pauses = 0;
+        const Invocation plan = invoke({"plan", "--mode", "LOCAL", "--database", "QuorvexA"}, server.connections(), nullptr,
+                                       nullptr, false, [&pauses](std::chrono::milliseconds) { return ++pauses > 0; });
+        QCOMPARE(plan.exit, 3);
+        QCOMPARE(pauses, sends - 1);
+        const QStringList calls = server.calls();
+        QCOMPARE(calls.filter("execute " + drop).size(), sends);
+        QStringList beforeEachTry;
+        for (qsizetype i = calls.indexOf("execute " + drop) + 1; i < calls.size(); ++i) {
+            if (calls[i] == "execute " + drop)
+                beforeEachTry << calls[i - 1];
+        }
+        QCOMPARE(beforeEachTry, QStringList(sends - 1, "query " + probe));
+        QVERIFY2(plan.out.contains(sends == 1 ? "preview stopped" : "1  blocked: Lock request time out period exceeded."),
+                 qPrintable(plan.out));
+    }
+
     void planLeavesTheDatabaseAsItWas_data()
     {
         QTest::addColumn<bool>("runFirst");
