@@ -1,6 +1,7 @@
 #include "commandinvocation.h"
 
 #include <QDir>
+#include <QJsonObject>
 #include <QTest>
 
 // Runs against a real SQL Server when ZRT_TEST_SQLSERVER holds an ODBC
@@ -14,8 +15,12 @@ private slots:
     void initTestCase();
     void scenario_data();
     void scenario();
+    void liveSessions_data();
+    void liveSessions();
 
 private:
+    // A new database that a run has brought up to date.
+    QString runDatabase();
     // Sends each statement to `database` (master when empty); the first
     // column of the last statement's first row, if it yields one.
     QString send(const QString &database, const QStringList &statements);
@@ -110,6 +115,77 @@ void TestSqlServer::scenario()
     send(QString(), {QStringLiteral("DROP DATABASE [%1]").arg(database)});
     QVERIFY2(plan.err.isEmpty() && first.err.isEmpty() && second.err.isEmpty(), qPrintable(plan.err + first.err + second.err));
     QCOMPARE(found, expected);
+}
+
+QString TestSqlServer::runDatabase()
+{
+    const QString database =
+        QStringLiteral("QuorvexZrtTest%1_%2").arg(QCoreApplication::applicationPid()).arg(++m_databases);
+    if (!send(QString(), {QStringLiteral("CREATE DATABASE [%1]").arg(database)}).isEmpty())
+        return QString();
+    invoke({"run", "--mode", "LOCAL", "--database", database, "--odbc", m_master + QStringLiteral(";DATABASE=") + database});
+    return database;
+}
+
+// Another session on the database: a user's open transaction on a table the
+// run drops, or a first run holding the tool's lock.
+void TestSqlServer::liveSessions_data()
+{
+    QTest::addColumn<QString>("held");      // what the other session sends and keeps
+    QTest::addColumn<bool>("letGo");        // it commits at the run's first pause
+    QTest::addColumn<int>("exit");
+    QTest::addColumn<QString>("printed");
+
+    const QString table = QStringLiteral("SELECT COUNT(*) AS v FROM tblKWClientInfo WITH (TABLOCKX, HOLDLOCK)");
+    QTest::newRow("a user's transaction that commits") << table << true << 0 << "completed: ";
+    QTest::newRow("a user's transaction that stays open") << table << false << 3 << "blocked: ";
+    QTest::newRow("a run under way")
+        << "DECLARE @granted int; EXEC @granted = sp_getapplock @Resource = N'zrt maintenance', @LockMode = N'Exclusive', "
+           "@LockOwner = N'Session', @LockTimeout = 0; SELECT @granted AS v"
+        << false << 3 << "busy: another run holds ";
+}
+
+void TestSqlServer::liveSessions()
+{
+    QFETCH(QString, held);
+    QFETCH(bool, letGo);
+    QFETCH(int, exit);
+    QFETCH(QString, printed);
+    const QString database = runDatabase();
+    QVERIFY(!database.isEmpty());
+    const QString odbc = m_master + QStringLiteral(";DATABASE=") + database;
+    const std::unique_ptr<Connection> other = odbcConnectionsTo(odbc + QStringLiteral(";APP=zrt-test-user"))();
+    QVERIFY(other->open(QString()).ok);
+    ResultSet rows;
+    QVERIFY(other->setAutocommit(false).ok);
+    QVERIFY(other->query(held, rows).ok);
+    const QString report = QDir::temp().filePath(database + QStringLiteral(".live"));
+    int pauses = 0;
+    const Invocation run = invoke({"run", "--mode", "LOCAL", "--database", database, "--odbc", odbc, "--lock-timeout", "1",
+                                   "--lock-retries", "2", "--report", report},
+                                  {}, nullptr, nullptr, false, [&](std::chrono::milliseconds) {
+                                      if (++pauses == 1 && letGo)
+                                          other->setAutocommit(true); // commits the user's transaction
+                                      return true;
+                                  });
+    other->close();
+    send(QString(), {QStringLiteral("ALTER DATABASE [%1] SET SINGLE_USER WITH ROLLBACK IMMEDIATE").arg(database),
+                     QStringLiteral("DROP DATABASE [%1]").arg(database)});
+    QVERIFY2((run.out + run.err).contains(printed), qPrintable(run.out + run.err));
+    QCOMPARE(run.exit, exit);
+    const QList<QJsonObject> lines = reportLines(report);
+    if (exit == 3 && printed.startsWith("busy")) {
+        QCOMPARE(lines.size(), 2); // its context and its end: nothing was sent
+        return;
+    }
+    const QJsonObject drop = lines.value(3); // the third statement drops tblKWClientInfo
+    QCOMPARE(drop["text"].toString(), QStringLiteral("drop table [dbo].[tblKWClientInfo]"));
+    QCOMPARE(drop["tries"].toInt(), letGo ? 2 : 3);
+    // Each refused try waited the lock timeout, not the statement's 30 s.
+    QVERIFY2(drop["milliseconds"].toDouble() >= 1000 && drop["milliseconds"].toDouble() < 10000,
+             qPrintable(QString::number(drop["milliseconds"].toDouble())));
+    if (!letGo)
+        QVERIFY2(drop["message"].toString().contains("program zrt-test-user"), qPrintable(drop["message"].toString()));
 }
 
 QTEST_GUILESS_MAIN(TestSqlServer)
