@@ -140,8 +140,12 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
     if (!json)
         printFleetHeader(parser, checks, context);
     checks.started = [&display](const FleetRecord &fleet, qsizetype database) { display.started(fleet, database); };
+    std::atomic<bool> noteSaid = false;
     checks.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseCheckResult &result) {
-        const QString line = fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
+        // Said once: every database of an engine without application locks would say it.
+        const QString note = !json && !result.lockNote.isEmpty() && !noteSaid.exchange(true)
+            ? QStringLiteral("zrt check: %1\n").arg(escapedControls(result.lockNote)) : QString();
+        const QString line = note + fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
             + tinted(resultText(result), result.drift ? differencesTint(*result.drift) : Tint::Red, context.outTerminal) + QLatin1Char('\n');
         display.ended(database, json ? QString() : line, !result.drift && !result.busy);
     };
