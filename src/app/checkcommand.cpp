@@ -132,7 +132,7 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
         printFleetHeader(parser, checks, context);
     checks.started = [&display](const FleetRecord &fleet, qsizetype database) { display.started(fleet, database); };
     checks.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseCheckResult &result) {
-        const QString line = fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
+        const QString line = display.nameColumn(checks, fleet, database) + QLatin1String("  ")
             + tinted(resultText(result), result.drift ? differencesTint(*result.drift) : Tint::Red, context.outTerminal) + QLatin1Char('\n');
         display.ended(database, json ? QString() : line, !result.drift);
     };

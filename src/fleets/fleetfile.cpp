@@ -13,7 +13,7 @@
 namespace {
 
 constexpr std::array<std::string_view, 2> kFleetKeys = {"jobs", "server"};
-constexpr std::array<std::string_view, 5> kServerKeys = {"server", "mode", "odbc_env", "include", "exclude"};
+constexpr std::array<std::string_view, 6> kServerKeys = {"server", "mode", "odbc_env", "include", "exclude", "jobs"};
 
 QString text(std::string_view view)
 {
@@ -66,6 +66,18 @@ std::optional<Fault> readTexts(const toml::table &table, std::string_view key, Q
     return std::nullopt;
 }
 
+std::optional<Fault> readJobs(const toml::table &table, std::optional<int> &into)
+{
+    const toml::node *jobs = table.get("jobs");
+    if (!jobs)
+        return std::nullopt;
+    const std::optional<int64_t> value = jobs->value_exact<int64_t>();
+    if (!value || *value < 1 || *value > std::numeric_limits<int>::max())
+        return Fault{lineOf(jobs->source()), QStringLiteral("jobs"), QStringLiteral("must be a whole number from 1 up")};
+    into = int(*value);
+    return std::nullopt;
+}
+
 std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileServer> &earlier,
                                 const FleetServerCheck &check, FleetFileServer &server)
 {
@@ -80,6 +92,8 @@ std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileS
         fault = readTexts(table, "include", server.patterns.include);
     if (!fault)
         fault = readTexts(table, "exclude", server.patterns.exclude);
+    if (!fault)
+        fault = readJobs(table, server.jobs);
     if (fault)
         return fault;
     if (std::any_of(earlier.begin(), earlier.end(), [&server](const FleetFileServer &other) {
@@ -98,12 +112,8 @@ std::optional<Fault> readFleet(const toml::table &root, const FleetServerCheck &
 {
     if (std::optional<Fault> fault = unknownKey(root, kFleetKeys))
         return fault;
-    if (const toml::node *jobs = root.get("jobs")) {
-        const std::optional<int64_t> value = jobs->value_exact<int64_t>();
-        if (!value || *value < 1 || *value > std::numeric_limits<int>::max())
-            return Fault{lineOf(jobs->source()), QStringLiteral("jobs"), QStringLiteral("must be a whole number from 1 up")};
-        fleet.jobs = int(*value);
-    }
+    if (std::optional<Fault> fault = readJobs(root, fleet.jobs))
+        return fault;
     const toml::array *servers = root["server"].as_array();
     if (!servers || servers->empty() || !servers->is_homogeneous(toml::node_type::table))
         return Fault{servers ? lineOf(servers->source()) : 1, QStringLiteral("server"),

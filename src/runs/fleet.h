@@ -2,6 +2,7 @@
 
 #include "connection.h"
 #include "databaselisting.h"
+#include "fleetshard.h"
 #include "namepatterns.h"
 
 #include <QDateTime>
@@ -25,6 +26,7 @@ struct FleetServer
     ConnectionFactory connections;
     NamePatterns patterns;
     std::optional<QStringList> databases; // these, not the server's listing (a retry)
+    int jobs = 0; // at most so many of its databases at once; 0: only the fleet's limit
 };
 
 // Where the server's databases are listed, as messages name it: in ONLINE
@@ -58,6 +60,7 @@ struct FleetWork
     QString command; // run, plan or check, as the index names it
     bool preview = false;
     QList<FleetServer> servers;
+    std::optional<FleetShard> shard; // only this part of the servers' databases
     FleetLimits limits;
     std::optional<QString> folder; // this invocation's: reports, index.json and index.html
     std::function<void(const FleetRecord &fleet, qsizetype database)> started; // on the database's thread
@@ -82,14 +85,15 @@ struct FleetResults : FleetRecord
 };
 
 // The servers' databases in turn, each server's as it lists them (or as a
-// retry names them) and its patterns admit, with their report files' names.
-FleetRecord listFleet(const QList<FleetServer> &servers);
+// retry names them) and its patterns and the shard admit, with their report
+// files' names.
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard);
 
 template <typename Result>
 FleetResults<Result> listedFleet(const FleetWork &work)
 {
     FleetResults<Result> fleet;
-    static_cast<FleetRecord &>(fleet) = listFleet(work.servers);
+    static_cast<FleetRecord &>(fleet) = listFleet(work.servers, work.shard);
     fleet.results.resize(fleet.databases.size());
     return fleet;
 }
@@ -105,7 +109,8 @@ struct FleetIndexParts
     std::function<QJsonObject()> totals; // may be empty
 };
 
-// Does every database on up to `jobs` threads, in order: `one` does one,
+// Does every database on up to `jobs` threads, in order, each server's at
+// most its own jobs at once (the next whose server has room starts): `one` does one,
 // records what became of it under `mutex` and says whether it failed
 // unexpectedly. None starts once `stop` is set (the rest: not done) or once
 // `maxFailures` databases have failed (the rest: not started). Makes the
