@@ -309,10 +309,11 @@ QString causesList(const QJsonArray &entries)
     std::stable_sort(order.begin(), order.end(), [&links](qsizetype a, qsizetype b) { return links[a].size() > links[b].size(); });
     QString list = QStringLiteral("<h2>Failures by message</h2>\n<ul id=\"causes\">\n");
     for (const qsizetype place : order)
-        list += QStringLiteral("<li>%1: %2 databases<br>%3</li>\n")
+        list += QStringLiteral("<li>%1: %2 %3<br>%4</li>\n")
                     .arg(html(messages[place]))
                     .arg(links[place].size())
-                    .arg(links[place].join(QLatin1String(", ")));
+                    .arg(links[place].size() == 1 ? QLatin1String("database") : QLatin1String("databases"),
+                         links[place].join(QLatin1String(", ")));
     return list + QLatin1String("</ul>\n");
 }
 

@@ -958,7 +958,7 @@ private slots:
             if (entry.contains("report"))
                 QCOMPARE(reportLines(folder + "/" + entry["report"].toString()).last()["counts"], entry["counts"]);
         }
-        QVERIFY(fileBytes(folder + "/index.html").contains("<li>the database 'QuorvexC' is missing on server S: refused: 1 databases<br>"
+        QVERIFY(fileBytes(folder + "/index.html").contains("<li>the database 'QuorvexC' is missing on server S: refused: 1 database<br>"
                                                             "<a href=\"#row-3\">QuorvexC</a></li>"));
         QCOMPARE(readJunit(folder + "/junit.xml").cases, readJunit(invocationFolders(dir + "/whole").value(0) + "/junit.xml").cases);
         ScriptedServer again;
