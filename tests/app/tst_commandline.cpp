@@ -1001,7 +1001,7 @@ private slots:
 
     void eachServerKeepsToItsJobs()
     {
-        const QStringList three{"QuorvexA", "QuorvexB", "QuorvexC"};
+        const QStringList three{"QuorvexA", "QuorvexWithALongerNameB", "QuorvexC"};
         TdsListener capped({.rows = {{kLocalListing, three}}, .batchTime = std::chrono::milliseconds(1)});
         TdsListener free({.rows = {{kLocalListing, three}}, .batchTime = std::chrono::milliseconds(1)});
         const QString path = m_dir.filePath(QStringLiteral("capped.toml"));
@@ -1010,9 +1010,15 @@ private slots:
         file.write("jobs = 4\n[[server]]\nserver = \"" + capped.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\njobs = 1\n"
                    "[[server]]\nserver = \"" + free.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\n");
         file.close();
-        QCOMPARE(invoke({"run", "--fleet", path}, sqlServerConnections()).exit, 0);
+        const Invocation run = invoke({"run", "--fleet", path}, sqlServerConnections());
+        QCOMPARE(run.exit, 0);
         QCOMPARE(capped.received().mostAtOnce, 1);
         QCOMPARE(free.received().mostAtOnce, 3);
+        // Names with their server past the usual width still line up.
+        const QStringList lines = run.out.split('\n').filter(" completed ");
+        QCOMPARE(lines.size(), 6);
+        for (const QString &line : lines)
+            QCOMPARE(line.indexOf(" completed "), lines[0].indexOf(" completed "));
     }
 
     void standardOutputThatFails()
