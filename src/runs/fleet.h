@@ -110,9 +110,9 @@ struct FleetIndexParts
 };
 
 // Does every database on up to `jobs` threads, in order, each server's at
-// most its own jobs at once (the next whose server has room starts): `one` does one,
-// records what became of it under `mutex` and says whether it failed
-// unexpectedly. None starts once `stop` is set (the rest: not done) or once
+// most its own jobs at once (the next whose server has room starts): `one`
+// does one, records what became of it under `mutex` and says whether it
+// failed unexpectedly. None starts once `stop` is set (the rest: not done) or once
 // `maxFailures` databases have failed (the rest: not started). Makes the
 // index when all have ended and, with a folder, writes it there, at once too
 // if the program is ended at once; `index` is asked under `mutex`.
