@@ -145,7 +145,7 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
         // Said once: every database of an engine without application locks would say it.
         const QString note = !json && !result.lockNote.isEmpty() && !noteSaid.exchange(true)
             ? QStringLiteral("zrt check: %1\n").arg(escapedControls(result.lockNote)) : QString();
-        const QString line = note + fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
+        const QString line = note + display.nameColumn(checks, fleet, database) + QLatin1String("  ")
             + tinted(resultText(result), result.drift ? differencesTint(*result.drift) : Tint::Red, context.outTerminal) + QLatin1Char('\n');
         display.ended(database, json ? QString() : line, !result.drift && !result.busy);
     };

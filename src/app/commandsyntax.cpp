@@ -13,11 +13,15 @@ constexpr OptionSyntax kOptions[] = {
     {"fleet", "FILE", ValueKind::File,
      "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with server, mode, "
      "and optional odbc_env (the name of an environment variable holding the server's ODBC string), include and "
-     "exclude (glob patterns over the names); a top-level jobs is the default of --jobs; lock_timeout, "
-     "lock_retries and lock_wait, at the top or in a [[server]], are the defaults of those options."},
+     "exclude (glob patterns over the names), and jobs (at most so many of that server's databases at once); a "
+     "top-level jobs is the default of --jobs; lock_timeout, lock_retries and lock_wait, at the top or in a "
+     "[[server]], are the defaults of those options."},
     {"retry", "FOLDER", ValueKind::Folder,
      "Only the databases that an earlier invocation, whose folder is FOLDER, did not complete (for check: that "
      "did not match), on the servers they were on; the new folder goes beside FOLDER unless --report-dir says."},
+    {"shard", "K/N", ValueKind::Text,
+     "Only the K-th of N parts of the databases, each database's part fixed by its server and name (adding a "
+     "database moves no other): N hosts given 1/N to N/N do the whole fleet once; zrt merge joins their folders."},
     {"mode", "MODE", ValueKind::Mode, "OFFLINE, LOCAL or ONLINE, in any letter case."},
     {"database", "NAME", ValueKind::Text, "The database."},
     {"server", "NAME", ValueKind::Text,
@@ -38,7 +42,7 @@ constexpr OptionSyntax kOptions[] = {
      "Start no database once N have ended with unexpected failures; the rest are not started (exit 3)."},
     {"report-dir", "DIR", ValueKind::Folder,
      "A new folder in DIR for this invocation, YYYYMMDD-HHMMSS-COMMAND, with index.json, index.html, junit.xml "
-     "and, for run and plan, one report per database."},
+     "and, for run and plan (and a merge of theirs), one report per database."},
     {"statement-timeout", "SECONDS", ValueKind::Text,
      "A statement still running after SECONDS fails as timed out and the run goes on (default 30; 0 waits "
      "for ever)."},
@@ -64,23 +68,28 @@ constexpr FormSyntax kListForms[] = {
 };
 constexpr FormSyntax kRunForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--create-at FILEBASE] [--report FILE] "
-         "[--junit FILE] [--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] "
-         "[--json | --quiet | --verbose]"},
-    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
-            "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] [--json | --quiet | --verbose]"},
-    {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] "
-              "[--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] [--json | --quiet | --verbose]"},
-    {"retry", "--retry FOLDER [--odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
-              "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] [--json | --quiet | --verbose]"},
+         "[--junit FILE] [--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] "
+         "[--lock-wait SECONDS] [--json | --quiet | --verbose]"},
+    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] "
+            "[--report-dir DIR] [--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] "
+            "[--lock-wait SECONDS] [--json | --quiet | --verbose]"},
+    {"fleet", "--fleet FILE [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
+              "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] "
+              "[--json | --quiet | --verbose]"},
+    {"retry", "--retry FOLDER [--odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
+              "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] "
+              "[--json | --quiet | --verbose]"},
 };
 constexpr FormSyntax kCheckForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--lock-wait SECONDS] [--json]"},
-    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
-            "[--lock-wait SECONDS] [--json]"},
-    {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] [--json]"},
-    {"retry", "--retry FOLDER [--odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] "
+    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] "
+            "[--report-dir DIR] [--lock-wait SECONDS] [--json]"},
+    {"fleet", "--fleet FILE [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] "
               "[--json]"},
+    {"retry", "--retry FOLDER [--odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
+              "[--lock-wait SECONDS] [--json]"},
 };
+constexpr FormSyntax kMergeForms[] = {{"", "[--report-dir DIR] FOLDER..."}};
 constexpr FormSyntax kHelpForms[] = {{"", "[COMMAND]"}};
 
 constexpr CommandSyntax kCommands[] = {
@@ -144,6 +153,16 @@ constexpr CommandSyntax kCommands[] = {
      "beside other checks, never beside a run; with a run past --lock-wait the\n"
      "database is busy (exit 3). Exit 0 when the database matches, 1 when it\n"
      "differs, 4 when it cannot be opened or read."},
+    {"merge", "one invocation's folder from several: shards run on other hosts", kMergeForms,
+     "Writes a new folder, YYYYMMDD-HHMMSS-merge in DIR (default: beside the first\n"
+     "FOLDER), that holds what the invocations' folders FOLDER... hold, as if one\n"
+     "invocation had done them all: index.json with every database once, the\n"
+     "servers united and the totals counted again, index.html, junit.xml, and\n"
+     "every report, so that the folder stands alone and --retry takes it. It is\n"
+     "complete only when every folder is, and, for shards, when every part of\n"
+     "them is given. Folders of different commands, a preview with a run, and a\n"
+     "database in two folders are refused (exit 2) and nothing is written. Exit\n"
+     "0 written, 3 a file could not be copied or written."},
     {"help", "the help of zrt, or of one command", kHelpForms,
      "Prints the help of zrt, or of COMMAND: its usage, what it does and its options."},
 };
@@ -252,6 +271,11 @@ QList<FormOption> formOptions(const FormSyntax &form)
         depth -= closed;
     }
     return options;
+}
+
+bool formTakesOperands(const FormSyntax &form)
+{
+    return syntaxText(form.usage).endsWith(QLatin1String("..."));
 }
 
 bool formTakes(const FormSyntax &form, const QString &name)

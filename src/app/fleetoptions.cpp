@@ -66,6 +66,7 @@ std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &c
         server.mode = entry.mode;
         server.odbcEnv = entry.odbcEnv;
         server.patterns = entry.patterns;
+        server.jobs = entry.jobs.value_or(0);
         connect(server, context, statementSeconds);
         fleet.servers << server;
     }
@@ -192,6 +193,12 @@ std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QS
     const std::optional<int> maxFailures = count(parser, QStringLiteral("max-failures"), error);
     work.limits.jobs = jobs.value_or(servers->jobs.value_or(kDefaultJobs));
     work.limits.maxFailures = maxFailures.value_or(0);
+    if (error.isEmpty() && parser.isSet(QStringLiteral("shard"))) {
+        work.shard = shardNamed(parser.value(QStringLiteral("shard")));
+        if (!work.shard)
+            error = QStringLiteral("--shard needs K/N, the K-th of N parts (1 <= K <= N), not '%1'")
+                        .arg(escapedControls(parser.value(QStringLiteral("shard"))));
+    }
     QString reportDir = parser.value(QStringLiteral("report-dir"));
     if (reportDir.isEmpty() && parser.isSet(QStringLiteral("retry")))
         reportDir = QFileInfo(QDir(parser.value(QStringLiteral("retry"))).absolutePath()).path();

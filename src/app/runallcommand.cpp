@@ -11,13 +11,13 @@
 
 namespace {
 
-// A database's line as it ends; a preview that ran to its end tells what a
-// run would do.
+// A database's line as it ends, its name already padded; a preview that ran
+// to its end tells what a run would do.
 QString finishedLine(const QString &database, const DatabaseRunResult &result, bool preview, bool terminal)
 {
     const RunOutcome outcome = outcomeOf(result);
     const QString start = QStringLiteral("%1  %2  ").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
-                                                        database.leftJustified(30));
+                                                        database);
     if (outcome == RunOutcome::CouldNotStart || outcome == RunOutcome::Busy)
         return start + tinted(outcomeName(outcome), outcomeTint(outcome), terminal) + QLatin1String(": ")
             + escapedControls(result.reason)
@@ -107,7 +107,7 @@ int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext
         if (!json && !result.lockNote.isEmpty() && !noteSaid.exchange(true))
             lines = QStringLiteral("zrt %1: %2\n").arg(name, escapedControls(result.lockNote));
         if (!json && (failed || !quiet))
-            lines += finishedLine(fleetDatabaseName(runs, fleet.databases[database]), result, preview, context.outTerminal)
+            lines += finishedLine(display.nameColumn(runs, fleet, database), result, preview, context.outTerminal)
                 + (verbose ? failureLines(result) : QString());
         const QString error = result.reportError.isEmpty()
             ? QString() : QStringLiteral("zrt %1: %2\n").arg(name, escapedControls(result.reportError));

@@ -13,8 +13,8 @@
 namespace {
 
 constexpr std::array<std::string_view, 5> kFleetKeys = {"jobs", "server", "lock_timeout", "lock_retries", "lock_wait"};
-constexpr std::array<std::string_view, 8> kServerKeys = {"server",       "mode",         "odbc_env",  "include",
-                                                         "exclude",      "lock_timeout", "lock_retries", "lock_wait"};
+constexpr std::array<std::string_view, 9> kServerKeys = {"server",  "mode",         "odbc_env",     "include",  "exclude",
+                                                         "jobs",    "lock_timeout", "lock_retries", "lock_wait"};
 
 QString text(std::string_view view)
 {
@@ -103,6 +103,8 @@ std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileS
         fault = readTexts(table, "include", server.patterns.include);
     if (!fault)
         fault = readTexts(table, "exclude", server.patterns.exclude);
+    if (!fault)
+        fault = readCount(table, "jobs", 1, server.jobs);
     if (!fault)
         fault = readLockKeys(table, server.locks);
     if (fault)

@@ -23,6 +23,7 @@ struct FleetFileServer
     QString mode;
     QString odbcEnv; // the environment variable holding its ODBC string; empty: the mode's own login
     NamePatterns patterns;
+    std::optional<int> jobs; // at most so many of its databases at once
     FleetLockKeys locks; // over the file's own
 };
 
@@ -51,8 +52,9 @@ struct FleetFileReading
 };
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
-// server and mode, and optional odbc_env, include and exclude; lock_timeout,
-// lock_retries and lock_wait (from 0) at the top and in each [[server]]. An unknown or
+// server and mode, and optional odbc_env, include, exclude and jobs (from 1);
+// lock_timeout, lock_retries and lock_wait (from 0) at the top and in each
+// [[server]]. An unknown or
 // missing key, a value of the wrong type and a server named twice are
 // errors, as is whatever `check` refuses.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

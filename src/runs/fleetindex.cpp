@@ -21,13 +21,6 @@ QString successOf(const QString &command)
     return command == QLatin1String("check") ? QStringLiteral("matches") : QStringLiteral("completed");
 }
 
-void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
-{
-    OutputFile file;
-    if (!file.open(path) || !file.write(bytes) || !file.commit())
-        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-}
-
 QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
 {
     QJsonObject json{{QStringLiteral("server"), server.server}, {QStringLiteral("mode"), server.mode}};
@@ -39,6 +32,8 @@ QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
         json.insert(QStringLiteral("include"), QJsonArray::fromStringList(server.patterns.include));
     if (!server.patterns.exclude.isEmpty())
         json.insert(QStringLiteral("exclude"), QJsonArray::fromStringList(server.patterns.exclude));
+    if (server.jobs > 0)
+        json.insert(QStringLiteral("jobs"), server.jobs);
     if (listing.failed())
         json.insert(QStringLiteral("error"), listingFailureText(listing, listingTarget(server)));
     return json;
@@ -89,18 +84,29 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
     QJsonObject totals = parts.totals ? parts.totals() : QJsonObject();
     totals.insert(QStringLiteral("databases"), databases.size());
     totals.insert(QStringLiteral("byOutcome"), counts);
-    return {{QStringLiteral("type"), QStringLiteral("index")},
-            {QStringLiteral("format"), kIndexFormat},
-            {QStringLiteral("program"), QStringLiteral("zrt")},
-            {QStringLiteral("version"), programVersion()},
-            {QStringLiteral("command"), work.command},
-            {QStringLiteral("preview"), work.preview},
-            {QStringLiteral("started"), reportTime(fleet.started)},
-            {QStringLiteral("finished"), reportTime(QDateTime::currentDateTime())},
-            {QStringLiteral("complete"), complete},
-            {QStringLiteral("servers"), servers},
-            {QStringLiteral("databases"), databases},
-            {QStringLiteral("totals"), totals}};
+    QJsonObject index{{QStringLiteral("type"), QStringLiteral("index")},
+                      {QStringLiteral("format"), kIndexFormat},
+                      {QStringLiteral("program"), QStringLiteral("zrt")},
+                      {QStringLiteral("version"), programVersion()},
+                      {QStringLiteral("command"), work.command},
+                      {QStringLiteral("preview"), work.preview},
+                      {QStringLiteral("started"), reportTime(fleet.started)},
+                      {QStringLiteral("finished"), reportTime(QDateTime::currentDateTime())},
+                      {QStringLiteral("complete"), complete},
+                      {QStringLiteral("servers"), servers},
+                      {QStringLiteral("databases"), databases},
+                      {QStringLiteral("totals"), totals}};
+    if (work.shard)
+        index.insert(QStringLiteral("shard"), QJsonObject{{QStringLiteral("part"), work.shard->part},
+                                                          {QStringLiteral("parts"), work.shard->parts}});
+    return index;
+}
+
+void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
+{
+    OutputFile file;
+    if (!file.open(path) || !file.write(bytes) || !file.commit())
+        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
 }
 
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors)
@@ -111,17 +117,26 @@ void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringLis
     writeWhole(dir.filePath(QStringLiteral("junit.xml")), fleetJunit(index), errors);
 }
 
-FleetRetry readRetry(const QString &folder)
+FleetIndexReading readFleetIndex(const QString &folder)
 {
     const QString path = QDir(folder).filePath(QStringLiteral("index.json"));
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {{}, QStringLiteral("%1 holds no index.json to read").arg(folder)};
     const QJsonObject index = QJsonDocument::fromJson(file.readAll()).object();
-    const QString command = index.value(QLatin1String("command")).toString();
     if (index.value(QLatin1String("type")) != QLatin1String("index")
-        || index.value(QLatin1String("format")).toInt() != kIndexFormat || command.isEmpty())
+        || index.value(QLatin1String("format")).toInt() != kIndexFormat || index.value(QLatin1String("command")).toString().isEmpty())
         return {{}, QStringLiteral("%1 is not an index that zrt wrote").arg(path)};
+    return {index, QString()};
+}
+
+FleetRetry readRetry(const QString &folder)
+{
+    const FleetIndexReading reading = readFleetIndex(folder);
+    if (!reading.error.isEmpty())
+        return {{}, reading.error};
+    const QJsonObject &index = reading.index;
+    const QString command = index.value(QLatin1String("command")).toString();
     const QJsonArray databases = index.value(QLatin1String("databases")).toArray();
     FleetRetry retry;
     for (const QJsonValue &value : index.value(QLatin1String("servers")).toArray()) {
@@ -131,6 +146,7 @@ FleetRetry readRetry(const QString &folder)
         server.odbcEnv = value[QLatin1String("odbcEnv")].toString();
         server.odbc = value[QLatin1String("odbc")].toString();
         server.patterns = {texts(value[QLatin1String("include")]), texts(value[QLatin1String("exclude")])};
+        server.jobs = value[QLatin1String("jobs")].toInt();
         if (!value[QLatin1String("error")].isString()) {
             QStringList left;
             for (const QJsonValue &entry : databases) {

@@ -1068,6 +1068,137 @@ private slots:
                  qPrintable(escapedControls(err)));
     }
 
+    void shardsSplitTheFleet_data()
+    {
+        QTest::addColumn<int>("parts");
+        QTest::newRow("one part") << 1;
+        QTest::newRow("two parts") << 2;
+        QTest::newRow("three parts") << 3;
+    }
+
+    void shardsSplitTheFleet()
+    {
+        QFETCH(int, parts);
+        QStringList names;
+        for (int i = 0; i < 40; ++i)
+            names << QStringLiteral("Quorvex%1").arg(i);
+        // Each part's databases as "server name", from a listing that may have one more.
+        const auto split = [parts](const QStringList &listing) {
+            const QList<FleetServer> servers{FleetServer{.server = "S1", .databases = listing},
+                                             FleetServer{.server = "tcp:s2,1433", .databases = listing}};
+            QList<QSet<QString>> split;
+            for (int part = 1; part <= parts; ++part) {
+                split << QSet<QString>();
+                for (const FleetDatabase &database : listFleet(servers, FleetShard{part, parts}).databases)
+                    split.last() << servers[database.server].server + " " + database.name;
+            }
+            return split;
+        };
+        const QList<QSet<QString>> before = split(names);
+        QSet<QString> whole;
+        qsizetype sizes = 0;
+        for (const QSet<QString> &part : before) {
+            whole.unite(part);
+            sizes += part.size();
+        }
+        QCOMPARE(sizes, 2 * names.size()); // disjoint
+        QCOMPARE(whole.size(), 2 * names.size()); // together the whole
+        const QList<QSet<QString>> after = split(names + QStringList{"QuorvexAdded"});
+        for (int part = 0; part < parts; ++part)
+            QCOMPARE(QSet<QString>(after[part]).subtract({"S1 QuorvexAdded", "tcp:s2,1433 QuorvexAdded"}), before[part]);
+    }
+
+    void twoShardsMergedAreTheWholeFleet()
+    {
+        ScriptedServer server;
+        listing({"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD", "QuorvexE", "QuorvexF"})(server);
+        server.refusedOpens << "Initial Catalog=QuorvexC;";
+        const QString dir = m_dir.filePath(QStringLiteral("shards"));
+        QCOMPARE(invoke(kRunAll + QStringList{"--report-dir", dir + "/whole"}, server.connections()).exit, 4);
+        for (const QString shard : {"1/2", "2/2"}) {
+            const Invocation part = invoke(kRunAll + QStringList{"--shard", shard, "--report-dir", dir + "/parts"}, server.connections());
+            QVERIFY2(part.out.section('\n', 0, 0).contains(", mode LOCAL, part " + shard.left(1) + " of 2, started"), qPrintable(part.out));
+        }
+        const QStringList parts = invocationFolders(dir + "/parts");
+        QCOMPARE(parts.size(), 2);
+        const Invocation merge = invoke(QStringList{"merge", "--report-dir", dir + "/merged"} + parts);
+        QCOMPARE(merge.exit, 0);
+        const QString folder = invocationFolders(dir + "/merged").value(0);
+        const QJsonObject whole = QJsonDocument::fromJson(fileBytes(invocationFolders(dir + "/whole").value(0) + "/index.json")).object();
+        const QJsonObject merged = QJsonDocument::fromJson(fileBytes(folder + "/index.json")).object();
+        QCOMPARE(merged["totals"], whole["totals"]);
+        QCOMPARE(merged["servers"], whole["servers"]);
+        QCOMPARE(merged["complete"], whole["complete"]);
+        for (qsizetype i = 0; i < 6; ++i) {
+            const QJsonObject entry = merged["databases"][i].toObject();
+            QCOMPARE(entry["database"], whole["databases"][i]["database"]);
+            QCOMPARE(entry["outcome"], whole["databases"][i]["outcome"]);
+            if (entry.contains("report"))
+                QCOMPARE(reportLines(folder + "/" + entry["report"].toString()).last()["counts"], entry["counts"]);
+        }
+        QVERIFY(fileBytes(folder + "/index.html").contains("<li>the database 'QuorvexC' is missing on server S: refused: 1 database<br>"
+                                                            "<a href=\"#row-3\">QuorvexC</a></li>"));
+        QCOMPARE(readJunit(folder + "/junit.xml").cases, readJunit(invocationFolders(dir + "/whole").value(0) + "/junit.xml").cases);
+        ScriptedServer again;
+        QCOMPARE(invoke({"run", "--retry", folder, "--report-dir", dir}, again.connections()).exit, 0);
+        QCOMPARE(again.logs().size(), 1); // QuorvexC alone
+    }
+
+    void mergeRefusals_data()
+    {
+        QTest::addColumn<QString>("command"); // of the second folder; empty: it holds no index
+        QTest::addColumn<bool>("preview");
+        QTest::addColumn<QString>("database");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("no index") << "" << false << "QuorvexB" << "/second holds no index.json";
+        QTest::newRow("another command") << "check" << false << "QuorvexB" << "/first is of zrt run and ";
+        QTest::newRow("a preview with a run") << "plan" << true << "QuorvexB" << "/first is not a preview and ";
+        QTest::newRow("a database in both") << "run" << false << "quorvexa" << "the database 'quorvexa' on server 'S' is in both ";
+    }
+
+    void mergeRefusals()
+    {
+        QFETCH(QString, command);
+        QFETCH(bool, preview);
+        QFETCH(QString, database);
+        QFETCH(QString, named);
+        const QString dir = m_dir.filePath(QStringLiteral("refused/") + QTest::currentDataTag());
+        const auto write = [&dir](const QString &folder, const QString &command, bool preview, const QString &database) {
+            QDir().mkpath(dir + folder);
+            const QJsonObject index{{"type", "index"}, {"format", 1}, {"command", command}, {"preview", preview},
+                                    {"databases", QJsonArray{QJsonObject{{"database", database}, {"server", "S"}, {"mode", "LOCAL"}}}}};
+            QFile file(dir + folder + "/index.json");
+            return command.isEmpty() || (file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(index).toJson()) > 0);
+        };
+        QVERIFY(write("/first", "run", false, "QuorvexA") && write("/second", command, preview, database));
+        const Invocation merge = invoke({"merge", "--report-dir", dir + "/merged", dir + "/first", dir + "/second"});
+        QCOMPARE(merge.exit, 2);
+        QVERIFY2(merge.err.startsWith("zrt merge: ") && merge.err.contains(named), qPrintable(merge.err));
+        QVERIFY(!QFileInfo::exists(dir + "/merged"));
+    }
+
+    void eachServerKeepsToItsJobs()
+    {
+        const QStringList three{"QuorvexA", "QuorvexWithALongerNameB", "QuorvexC"};
+        TdsListener capped({.rows = {{kLocalListing, three}}, .batchTime = std::chrono::milliseconds(1)});
+        TdsListener free({.rows = {{kLocalListing, three}}, .batchTime = std::chrono::milliseconds(1)});
+        const QString path = m_dir.filePath(QStringLiteral("capped.toml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("jobs = 4\n[[server]]\nserver = \"" + capped.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\njobs = 1\n"
+                   "[[server]]\nserver = \"" + free.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\n");
+        file.close();
+        const Invocation run = invoke({"run", "--fleet", path}, sqlServerConnections());
+        QCOMPARE(run.exit, 0);
+        QCOMPARE(capped.received().mostAtOnce, 1);
+        QCOMPARE(free.received().mostAtOnce, 3);
+        // Names with their server past the usual width still line up.
+        const QStringList lines = run.out.split('\n').filter(" completed ");
+        QCOMPARE(lines.size(), 6);
+        for (const QString &line : lines)
+            QCOMPARE(line.indexOf(" completed "), lines[0].indexOf(" completed "));
+    }
+
     void standardOutputThatFails()
     {
         // A device that takes nothing, as a full disk or a closed pipe does.

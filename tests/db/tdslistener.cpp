@@ -2,6 +2,8 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+
 #include <arpa/inet.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -163,7 +165,19 @@ QString TdsListener::dataSource() const
 TdsListener::Received TdsListener::received() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_received;
+    Received received = m_received;
+    std::vector<std::pair<int, int>> changes; // (batch number, +1 at a first batch, -1 after a last)
+    for (const auto &[first, last] : m_spans) {
+        changes.emplace_back(first, 1);
+        changes.emplace_back(last, -1);
+    }
+    std::sort(changes.begin(), changes.end(), [](const auto &a, const auto &b) {
+        return a.first != b.first ? a.first < b.first : a.second > b.second;
+    });
+    int atOnce = 0;
+    for (const auto &[number, change] : changes)
+        received.mostAtOnce = std::max(received.mostAtOnce, atOnce += change);
+    return received;
 }
 
 void TdsListener::converse(int client)
@@ -172,6 +186,7 @@ void TdsListener::converse(int client)
         const std::lock_guard lock(m_mutex);
         ++m_received.connections;
     }
+    std::optional<size_t> span;
     char type = 0;
     QByteArray body;
     while (readPacket(client, &type, &body)) {
@@ -196,7 +211,14 @@ void TdsListener::converse(int client)
             reply(client, packet(QByteArray::fromHex(kCancelled)));
         } else if (type == kBatch) {
             const QString text = batchText(body);
-            m_received.batches << text;
+            const int number = ++m_received.batchCount;
+            if (!span) {
+                span = m_spans.size();
+                m_spans.emplace_back(number, number);
+            }
+            m_spans[*span].second = number;
+            if (m_script.keepsBatches)
+                m_received.batches << text;
             const auto begins = [&text](const QString &start) { return !start.isEmpty() && text.startsWith(start); };
             if (begins(m_script.hangUpBatch))
                 return;
