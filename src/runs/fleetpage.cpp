@@ -203,7 +203,7 @@ QString totalsTable(const QJsonObject &index, bool preview)
         {QStringLiteral("Databases"), QStringLiteral("%1%2").arg(totals.value(QLatin1String("databases")).toInt())
                                           .arg(outcomes.isEmpty() ? QString() : QLatin1String(": ") + outcomes.join(QLatin1String(", ")))}};
     for (const auto &[key, label] : {std::pair{"sent", preview ? "Statements sent (rolled back)" : "Statements sent"},
-                                     {"failedOrTimedOut", "Statements failed unexpectedly or timed out"},
+                                     {"failedOrTimedOut", "Statements failed unexpectedly, timed out or blocked"},
                                      {"differences", "Differences"}}) {
         if (totals.contains(QLatin1String(key)))
             rows.append({QLatin1String(label), QString::number(totals.value(QLatin1String(key)).toInt())});

@@ -688,7 +688,7 @@ private slots:
               "completed with failures</span>, <span class=\"interrupted\">1 interrupted</span>, <span class=\"not-done\">1 "
               "not done</span></td>"),
               QStringLiteral("<th>Statements sent</th><td>%1</td>").arg(2 * 493 + 107),
-              QString("<th>Statements failed unexpectedly or timed out</th><td>1</td>"),
+              QString("<th>Statements failed unexpectedly, timed out or blocked</th><td>1</td>"),
               QString("<li>1× timed out: Query timeout expired</li>"),
               QStringLiteral("<td class=\"number\" data-sort=\"%1\">%1</td><td>view creates</td><td>timed out: Query timeout expired</td>")
                   .arg(wholeRun.indexOf(stock) + 1),
