@@ -127,58 +127,53 @@ QString TestSqlServer::runDatabase()
     return database;
 }
 
-// Another session on the database: a user's open transaction on a table the
-// run drops, or a first run holding the tool's lock.
+// A user's open transaction on a table the run drops: the run's statement
+// waits its lock timeout, is sent again, and goes through once the user
+// commits, or counts as blocked, naming the user. A second run started while
+// the first pauses is busy and sends nothing.
 void TestSqlServer::liveSessions_data()
 {
-    QTest::addColumn<QString>("held");      // what the other session sends and keeps
-    QTest::addColumn<bool>("letGo");        // it commits at the run's first pause
+    QTest::addColumn<bool>("letGo");      // the user commits at the run's first pause
+    QTest::addColumn<bool>("secondRun");  // another run starts during that pause
     QTest::addColumn<int>("exit");
     QTest::addColumn<QString>("printed");
-
-    const QString table = QStringLiteral("SELECT COUNT(*) AS v FROM tblKWClientInfo WITH (TABLOCKX, HOLDLOCK)");
-    QTest::newRow("a user's transaction that commits") << table << true << 0 << "completed: ";
-    QTest::newRow("a user's transaction that stays open") << table << false << 3 << "blocked: ";
-    QTest::newRow("a run under way")
-        << "DECLARE @granted int; EXEC @granted = sp_getapplock @Resource = N'zrt maintenance', @LockMode = N'Exclusive', "
-           "@LockOwner = N'Session', @LockTimeout = 0; SELECT @granted AS v"
-        << false << 3 << "busy: another run holds ";
+    QTest::newRow("the user commits") << true << false << 0 << "completed: ";
+    QTest::newRow("the user's transaction stays open") << false << false << 3 << "blocked: ";
+    QTest::newRow("two runs at once") << true << true << 0 << "completed: ";
 }
 
 void TestSqlServer::liveSessions()
 {
-    QFETCH(QString, held);
     QFETCH(bool, letGo);
+    QFETCH(bool, secondRun);
     QFETCH(int, exit);
     QFETCH(QString, printed);
     const QString database = runDatabase();
     QVERIFY(!database.isEmpty());
     const QString odbc = m_master + QStringLiteral(";DATABASE=") + database;
-    const std::unique_ptr<Connection> other = odbcConnectionsTo(odbc + QStringLiteral(";APP=zrt-test-user"))();
-    QVERIFY(other->open(QString()).ok);
+    const std::unique_ptr<Connection> user = odbcConnectionsTo(odbc + QStringLiteral(";APP=zrt-test-user"))();
+    QVERIFY(user->open(QString()).ok);
     ResultSet rows;
-    QVERIFY(other->setAutocommit(false).ok);
-    QVERIFY(other->query(held, rows).ok);
+    QVERIFY(user->setAutocommit(false).ok);
+    QVERIFY(user->query(QStringLiteral("SELECT COUNT(*) AS v FROM tblKWClientInfo WITH (TABLOCKX, HOLDLOCK)"), rows).ok);
     const QString report = QDir::temp().filePath(database + QStringLiteral(".live"));
+    const QStringList arguments{"run", "--mode", "LOCAL", "--database", database, "--odbc", odbc, "--lock-timeout", "1",
+                                "--lock-retries", "2", "--report"};
+    Invocation second;
     int pauses = 0;
-    const Invocation run = invoke({"run", "--mode", "LOCAL", "--database", database, "--odbc", odbc, "--lock-timeout", "1",
-                                   "--lock-retries", "2", "--report", report},
-                                  {}, nullptr, nullptr, false, [&](std::chrono::milliseconds) {
-                                      if (++pauses == 1 && letGo)
-                                          other->setAutocommit(true); // commits the user's transaction
-                                      return true;
-                                  });
-    other->close();
+    const Invocation run = invoke(arguments + QStringList{report}, {}, nullptr, nullptr, false, [&](std::chrono::milliseconds) {
+        if (++pauses == 1 && secondRun)
+            second = invoke(arguments + QStringList{report + QStringLiteral(".second")});
+        if (pauses == 1 && letGo)
+            user->setAutocommit(true); // commits the user's transaction
+        return true;
+    });
+    user->close();
     send(QString(), {QStringLiteral("ALTER DATABASE [%1] SET SINGLE_USER WITH ROLLBACK IMMEDIATE").arg(database),
                      QStringLiteral("DROP DATABASE [%1]").arg(database)});
     QVERIFY2((run.out + run.err).contains(printed), qPrintable(run.out + run.err));
     QCOMPARE(run.exit, exit);
-    const QList<QJsonObject> lines = reportLines(report);
-    if (exit == 3 && printed.startsWith("busy")) {
-        QCOMPARE(lines.size(), 2); // its context and its end: nothing was sent
-        return;
-    }
-    const QJsonObject drop = lines.value(3); // the third statement drops tblKWClientInfo
+    const QJsonObject drop = reportLines(report).value(3); // the third statement drops tblKWClientInfo
     QCOMPARE(drop["text"].toString(), QStringLiteral("drop table [dbo].[tblKWClientInfo]"));
     QCOMPARE(drop["tries"].toInt(), letGo ? 2 : 3);
     // Each refused try waited the lock timeout, not the statement's 30 s.
@@ -186,6 +181,11 @@ void TestSqlServer::liveSessions()
              qPrintable(QString::number(drop["milliseconds"].toDouble())));
     if (!letGo)
         QVERIFY2(drop["message"].toString().contains("program zrt-test-user"), qPrintable(drop["message"].toString()));
+    if (secondRun) {
+        QCOMPARE(second.exit, 3);
+        QVERIFY2(second.err.contains("busy: another run holds " + database), qPrintable(second.err));
+        QCOMPARE(reportLines(report + QStringLiteral(".second")).size(), 2); // its context and its end: nothing sent
+    }
 }
 
 QTEST_GUILESS_MAIN(TestSqlServer)
