@@ -858,6 +858,9 @@ private slots:
                                  << "completed: 493 statements" << 1;
         QTest::newRow("another run holds it") << TdsListener::Script{.appLockAnswer = -1} << QStringList() << 3
                                               << "busy: another run holds QuorvexA; nothing was sent" << 0;
+        QTest::newRow("the lock cannot be asked for") << TdsListener::Script{.refusedBatch = "DECLARE @granted"} << QStringList()
+                                                      << 4 << "could not start: cannot take the application lock on 'QuorvexA': "
+                                                      << 0;
         QTest::newRow("refused twice") << TdsListener::Script{.blockedBatch = drop, .blockedTimes = 2} << QStringList()
                                        << 0 << "completed: 493 statements, none failed" << 3;
         QTest::newRow("refused past its retries")
