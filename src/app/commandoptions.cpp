@@ -98,7 +98,7 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
         context.out << commandHelp(syntax);
         return kExitOk;
     }
-    if (!parser.positionalArguments().isEmpty()) {
+    if (!parser.positionalArguments().isEmpty() && !formTakesOperands(chosenForm(parser, syntax))) {
         context.err << "zrt " << command << ": unexpected argument '"
                     << escapedControls(parser.positionalArguments().first()) << "'\n";
         return kExitUsage;
@@ -107,7 +107,9 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
         context.err << "zrt " << command << ": " << refusal << "\n";
         return kExitUsage;
     }
-    if (const QString refusal = serverNameRefusal(parser.value(QStringLiteral("server"))); !refusal.isEmpty()) {
+    // Only what the command defines is asked of the parser: script and merge have no --server.
+    const QString server = parser.optionNames().contains(QStringLiteral("server")) ? parser.value(QStringLiteral("server")) : QString();
+    if (const QString refusal = serverNameRefusal(server); !refusal.isEmpty()) {
         context.err << "zrt " << command << ": " << refusal << "\n";
         return kExitUsage;
     }

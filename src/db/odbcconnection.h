@@ -32,6 +32,7 @@ public:
     DbStatus rollback() override;
     DbStatus close() override;
     bool isOpen() const override { return m_session != nullptr; }
+    QString engine() const override;
 
     struct Session;
 

@@ -8,6 +8,14 @@
 #include <functional>
 #include <optional>
 
+// lock_timeout, lock_retries and lock_wait, where the file gives them.
+struct FleetLockKeys
+{
+    std::optional<int> lockTimeout;
+    std::optional<int> lockRetries;
+    std::optional<int> lockWait;
+};
+
 // One [[server]] of a fleet file, as written there.
 struct FleetFileServer
 {
@@ -17,11 +25,14 @@ struct FleetFileServer
     QString encrypt; // as ZRT_ENCRYPT; empty: not given
     QString tlsCa;   // as ZRT_TLS_CA; empty: not given
     NamePatterns patterns;
+    std::optional<int> jobs; // at most so many of its databases at once
+    FleetLockKeys locks; // over the file's own
 };
 
 struct FleetFile
 {
     std::optional<int> jobs;
+    FleetLockKeys locks;
     QList<FleetFileServer> servers;
 };
 
@@ -43,7 +54,10 @@ struct FleetFileReading
 };
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
-// server and mode, and optional odbc_env, encrypt, tls_ca, include and exclude. An unknown or
+// server and mode, and optional odbc_env, encrypt, tls_ca, include, exclude
+// and jobs (from 1);
+// lock_timeout, lock_retries and lock_wait (from 0) at the top and in each
+// [[server]]. An unknown or
 // missing key, a value of the wrong type and a server named twice are
 // errors, as is whatever `check` refuses.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

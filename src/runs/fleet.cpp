@@ -6,51 +6,67 @@
 #include "keptindex.h"
 #include "lastwords.h"
 
+#include <QWaitCondition>
+
 #include <thread>
 
 namespace {
 
-// Takes the databases in order on up to `jobs` threads; the stop rules are
-// asked before each start. `changed` is told of each start and end.
+// Takes the databases in order on up to `jobs` threads, skipping past those
+// whose server is at its own limit so that it never idles the others; the
+// stop rules are asked before each start. `changed` is told of each start and end.
 void runScheduled(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, const std::function<bool(qsizetype)> &one,
                   const std::function<void()> &changed)
 {
     const FleetLimits &limits = work.limits;
     std::vector<DatabaseState> &states = fleet.states;
-    qsizetype next = 0;
+    const qsizetype count = qsizetype(states.size());
+    std::vector<int> running(work.servers.size());
+    QWaitCondition roomMade;
+    qsizetype first = 0; // none before it waits
     int failures = 0;
-    // The next database to start, if any. The one this thread ran before
-    // ends in the same step, so that the index never shows a moment when
-    // this thread runs neither.
-    const auto take = [&](std::optional<qsizetype> ended, bool failed) -> std::optional<qsizetype> {
-        const QMutexLocker lock(&mutex);
-        if (ended) {
-            states[*ended] = DatabaseState::Ended;
-            failures += failed ? 1 : 0;
-        }
-        if ((limits.stop && limits.stop->load()) || next == qsizetype(states.size()))
-            return std::nullopt;
-        if (limits.maxFailures > 0 && failures >= limits.maxFailures) {
-            for (; next < qsizetype(states.size()); ++next)
-                states[next] = DatabaseState::NotStarted;
-            return std::nullopt;
-        }
-        states[next] = DatabaseState::Running;
-        return next++;
+    const auto hasRoom = [&](qsizetype database) {
+        const qsizetype server = fleet.databases[database].server;
+        return work.servers[server].jobs == 0 || running[server] < work.servers[server].jobs;
     };
     const auto worker = [&] {
-        for (std::optional<qsizetype> database = take(std::nullopt, false);; ) {
+        QMutexLocker lock(&mutex);
+        for (;;) {
+            // This thread's last end and its next start are one step for the
+            // index, which is written once the lock is let go.
             changed();
-            if (!database)
+            while (first < count && states[first] != DatabaseState::Waiting)
+                ++first;
+            if ((limits.stop && limits.stop->load()) || first == count)
                 return;
+            if (limits.maxFailures > 0 && failures >= limits.maxFailures) {
+                for (qsizetype i = first; i < count; ++i)
+                    states[i] = states[i] == DatabaseState::Waiting ? DatabaseState::NotStarted : states[i];
+                return;
+            }
+            qsizetype database = first;
+            while (database < count && (states[database] != DatabaseState::Waiting || !hasRoom(database)))
+                ++database;
+            if (database == count) {
+                // Every server with databases left is at its limit: one of theirs ends first.
+                roomMade.wait(&mutex);
+                continue;
+            }
+            states[database] = DatabaseState::Running;
+            ++running[fleet.databases[database].server];
+            lock.unlock();
             if (work.started)
-                work.started(fleet, *database);
-            const bool failed = one(*database);
-            database = take(database, failed);
+                work.started(fleet, database);
+            const bool failed = one(database);
+            lock.relock();
+            states[database] = DatabaseState::Ended;
+            --running[fleet.databases[database].server];
+            failures += failed ? 1 : 0;
+            roomMade.wakeAll();
         }
     };
     std::vector<std::thread> workers;
-    for (int i = 0; i < limits.jobs && i < qsizetype(states.size()); ++i)
+    for (int i = 0; i < limits.jobs && i < count; ++i)
         workers.emplace_back(worker);
     for (std::thread &thread : workers)
         thread.join();
@@ -65,14 +81,14 @@ QString listingTarget(const FleetServer &server)
     return server.target;
 }
 
-FleetRecord listFleet(const QList<FleetServer> &servers)
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard)
 {
     FleetRecord fleet;
     fleet.started = QDateTime::currentDateTime();
     for (qsizetype server = 0; server < servers.size(); ++server) {
         const FleetServer &from = servers[server];
         const auto add = [&](const QString &name) {
-            if (from.patterns.admits(name))
+            if (from.patterns.admits(name) && (!shard || inShard(*shard, from.server, name)))
                 fleet.databases << FleetDatabase{server, name};
         };
         if (from.databases) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "applicationlock.h"
 #include "connection.h"
 #include "databaselisting.h"
 #include "encryption.h"
+#include "fleetshard.h"
 #include "namepatterns.h"
 
 #include <QDateTime>
@@ -27,6 +29,8 @@ struct FleetServer
     ConnectionFactory connections;
     NamePatterns patterns;
     std::optional<QStringList> databases; // these, not the server's listing (a retry)
+    int jobs = 0; // at most so many of its databases at once; 0: only the fleet's limit
+    LockPolicy locks;
 };
 
 // Where the server's databases are listed, as messages name it: in ONLINE
@@ -48,6 +52,7 @@ struct FleetLimits
     int jobs = kDefaultJobs;
     int maxFailures = 0; // 0: no limit
     const std::atomic<bool> *stop = nullptr;
+    Pause pause; // between tries of a statement refused its locks; empty: as a run waits
 };
 
 enum class DatabaseState { Waiting, Running, Ended, NotStarted };
@@ -60,6 +65,7 @@ struct FleetWork
     QString command; // run, plan or check, as the index names it
     bool preview = false;
     QList<FleetServer> servers;
+    std::optional<FleetShard> shard; // only this part of the servers' databases
     FleetLimits limits;
     std::optional<QString> folder; // this invocation's: reports, index.json and index.html
     std::function<void(const FleetRecord &fleet, qsizetype database)> started; // on the database's thread
@@ -84,14 +90,15 @@ struct FleetResults : FleetRecord
 };
 
 // The servers' databases in turn, each server's as it lists them (or as a
-// retry names them) and its patterns admit, with their report files' names.
-FleetRecord listFleet(const QList<FleetServer> &servers);
+// retry names them) and its patterns and the shard admit, with their report
+// files' names.
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard);
 
 template <typename Result>
 FleetResults<Result> listedFleet(const FleetWork &work)
 {
     FleetResults<Result> fleet;
-    static_cast<FleetRecord &>(fleet) = listFleet(work.servers);
+    static_cast<FleetRecord &>(fleet) = listFleet(work.servers, work.shard);
     fleet.results.resize(fleet.databases.size());
     return fleet;
 }
@@ -107,9 +114,10 @@ struct FleetIndexParts
     std::function<QJsonObject()> totals; // may be empty
 };
 
-// Does every database on up to `jobs` threads, in order: `one` does one,
-// records what became of it under `mutex` and says whether it failed
-// unexpectedly. None starts once `stop` is set (the rest: not done) or once
+// Does every database on up to `jobs` threads, in order, each server's at
+// most its own jobs at once (the next whose server has room starts): `one`
+// does one, records what became of it under `mutex` and says whether it
+// failed unexpectedly. None starts once `stop` is set (the rest: not done) or once
 // `maxFailures` databases have failed (the rest: not started). Makes the
 // index when all have ended and, with a folder, writes it there, at once too
 // if the program is ended at once; `index` is asked under `mutex`.

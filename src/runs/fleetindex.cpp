@@ -21,13 +21,6 @@ QString successOf(const QString &command)
     return command == QLatin1String("check") ? QStringLiteral("matches") : QStringLiteral("completed");
 }
 
-void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
-{
-    OutputFile file;
-    if (!file.open(path) || !file.write(bytes) || !file.commit())
-        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-}
-
 QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
 {
     QJsonObject json{{QStringLiteral("server"), server.server}, {QStringLiteral("mode"), server.mode}};
@@ -44,6 +37,8 @@ QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
         json.insert(QStringLiteral("include"), QJsonArray::fromStringList(server.patterns.include));
     if (!server.patterns.exclude.isEmpty())
         json.insert(QStringLiteral("exclude"), QJsonArray::fromStringList(server.patterns.exclude));
+    if (server.jobs > 0)
+        json.insert(QStringLiteral("jobs"), server.jobs);
     if (listing.failed())
         json.insert(QStringLiteral("error"), listingFailureText(listing, listingTarget(server)));
     return json;
@@ -83,7 +78,7 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
         if (const qsizetype place = parts.outcomes.indexOf(outcome); place >= 0)
             ++byOutcome[place];
         complete = complete && outcome != QLatin1String("interrupted") && outcome != QLatin1String("not done")
-            && outcome != QLatin1String("not started");
+            && outcome != QLatin1String("not started") && outcome != QLatin1String("busy");
         databases.append(entry);
     }
     QJsonArray counts;
@@ -94,18 +89,29 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
     QJsonObject totals = parts.totals ? parts.totals() : QJsonObject();
     totals.insert(QStringLiteral("databases"), databases.size());
     totals.insert(QStringLiteral("byOutcome"), counts);
-    return {{QStringLiteral("type"), QStringLiteral("index")},
-            {QStringLiteral("format"), kIndexFormat},
-            {QStringLiteral("program"), QStringLiteral("zrt")},
-            {QStringLiteral("version"), programVersion()},
-            {QStringLiteral("command"), work.command},
-            {QStringLiteral("preview"), work.preview},
-            {QStringLiteral("started"), reportTime(fleet.started)},
-            {QStringLiteral("finished"), reportTime(QDateTime::currentDateTime())},
-            {QStringLiteral("complete"), complete},
-            {QStringLiteral("servers"), servers},
-            {QStringLiteral("databases"), databases},
-            {QStringLiteral("totals"), totals}};
+    QJsonObject index{{QStringLiteral("type"), QStringLiteral("index")},
+                      {QStringLiteral("format"), kIndexFormat},
+                      {QStringLiteral("program"), QStringLiteral("zrt")},
+                      {QStringLiteral("version"), programVersion()},
+                      {QStringLiteral("command"), work.command},
+                      {QStringLiteral("preview"), work.preview},
+                      {QStringLiteral("started"), reportTime(fleet.started)},
+                      {QStringLiteral("finished"), reportTime(QDateTime::currentDateTime())},
+                      {QStringLiteral("complete"), complete},
+                      {QStringLiteral("servers"), servers},
+                      {QStringLiteral("databases"), databases},
+                      {QStringLiteral("totals"), totals}};
+    if (work.shard)
+        index.insert(QStringLiteral("shard"), QJsonObject{{QStringLiteral("part"), work.shard->part},
+                                                          {QStringLiteral("parts"), work.shard->parts}});
+    return index;
+}
+
+void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
+{
+    OutputFile file;
+    if (!file.open(path) || !file.write(bytes) || !file.commit())
+        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
 }
 
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors)
@@ -116,17 +122,26 @@ void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringLis
     writeWhole(dir.filePath(QStringLiteral("junit.xml")), fleetJunit(index), errors);
 }
 
-FleetRetry readRetry(const QString &folder)
+FleetIndexReading readFleetIndex(const QString &folder)
 {
     const QString path = QDir(folder).filePath(QStringLiteral("index.json"));
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {{}, QStringLiteral("%1 holds no index.json to read").arg(folder)};
     const QJsonObject index = QJsonDocument::fromJson(file.readAll()).object();
-    const QString command = index.value(QLatin1String("command")).toString();
     if (index.value(QLatin1String("type")) != QLatin1String("index")
-        || index.value(QLatin1String("format")).toInt() != kIndexFormat || command.isEmpty())
+        || index.value(QLatin1String("format")).toInt() != kIndexFormat || index.value(QLatin1String("command")).toString().isEmpty())
         return {{}, QStringLiteral("%1 is not an index that zrt wrote").arg(path)};
+    return {index, QString()};
+}
+
+FleetRetry readRetry(const QString &folder)
+{
+    const FleetIndexReading reading = readFleetIndex(folder);
+    if (!reading.error.isEmpty())
+        return {{}, reading.error};
+    const QJsonObject &index = reading.index;
+    const QString command = index.value(QLatin1String("command")).toString();
     const QJsonArray databases = index.value(QLatin1String("databases")).toArray();
     FleetRetry retry;
     for (const QJsonValue &value : index.value(QLatin1String("servers")).toArray()) {
@@ -138,6 +153,7 @@ FleetRetry readRetry(const QString &folder)
         if (value[QLatin1String("encrypt")].isString())
             server.encryption = Encryption{value[QLatin1String("encrypt")].toString(), value[QLatin1String("tlsCa")].toString()};
         server.patterns = {texts(value[QLatin1String("include")]), texts(value[QLatin1String("exclude")])};
+        server.jobs = value[QLatin1String("jobs")].toInt();
         if (!value[QLatin1String("error")].isString()) {
             QStringList left;
             for (const QJsonValue &entry : databases) {

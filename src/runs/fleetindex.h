@@ -13,6 +13,18 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
 // not be written is added to `errors`.
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors);
 
+// `bytes` whole in the file `path`, or nothing; why not is added to `errors`.
+void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors);
+
+// The index.json of an earlier invocation's folder, or why it is none that zrt wrote.
+struct FleetIndexReading
+{
+    QJsonObject index;
+    QString error;
+};
+
+FleetIndexReading readFleetIndex(const QString &folder);
+
 // What an earlier invocation left to do, from its folder's index.json: the
 // databases that did not complete (for check: that did not match), each on
 // its server, mode and login, and the servers that could not be listed, to

@@ -85,10 +85,23 @@ def main(zrt, dbo, schemas):
             ("plan of a fleet", ["plan", *retry, "fleet-plan"], 3, "index", "fleet-plan"),
             ("check of a fleet", ["check", *retry, "fleet-check"], 4, "index", "fleet-check"),
         ]
+        # A fleet of four SQLite databases in two shards, each in a folder of its own, then merged.
+        sharded, variables = pathlib.Path(folder, "sharded"), {}
+        sharded.mkdir()
+        for number in range(1, 5):
+            variables[f"ZRT_SCHEMA_ODBC{number}"] = \
+                f"DRIVER={{SQLite3}};Database={pathlib.Path(folder, f'Quorvex{number}.db')};LoadExt={dbo}"
+        pathlib.Path(sharded, "index.json").write_text(json.dumps({
+            "type": "index", "format": 1, "command": "run",
+            "servers": [{"server": f"sqlite{n}", "mode": "LOCAL", "odbcEnv": f"ZRT_SCHEMA_ODBC{n}"} for n in range(1, 5)],
+            "databases": [{"database": str(pathlib.Path(folder, f"Quorvex{n}.db")), "server": f"sqlite{n}", "mode": "LOCAL",
+                           "odbcEnv": f"ZRT_SCHEMA_ODBC{n}", "outcome": "not done"} for n in range(1, 5)]}))
+        rows += [(f"shard {shard} of a fleet", ["run", "--retry", str(sharded), "--shard", shard, "--report-dir", "shards"],
+                  3, "index", None) for shard in ("1/2", "2/2")]
         found = []
         for name, arguments, status, schema, report in rows:
             ran = subprocess.run([zrt, *arguments, "--json"], cwd=folder, capture_output=True, text=True, timeout=60,
-                                 env={**os.environ, "ZRT_SCHEMA_ODBC": odbc})
+                                 env={**os.environ, "ZRT_SCHEMA_ODBC": odbc, **variables})
             if ran.returncode != status:
                 found.append(f"{name}: exit {ran.returncode}, not {status}: {ran.stderr}")
             try:
@@ -99,6 +112,12 @@ def main(zrt, dbo, schemas):
                 found += fleet_faults(documents["index"], report_line, pathlib.Path(folder, report))
             elif report:
                 found += report_faults(report_line, pathlib.Path(folder, report))
+        shards = sorted(str(path) for path in pathlib.Path(folder, "shards").iterdir())
+        merged = subprocess.run([zrt, "merge", "--report-dir", "merged", *shards], cwd=folder, capture_output=True,
+                                text=True, timeout=60)
+        if merged.returncode != 0 or len(shards) != 2:
+            found.append(f"merge of {len(shards)} shards: exit {merged.returncode}: {merged.stderr}")
+        found += fleet_faults(documents["index"], report_line, pathlib.Path(folder, "merged"))
         xml.etree.ElementTree.parse(pathlib.Path(folder, "run.xml"))
     for fault in found:
         print(fault)
