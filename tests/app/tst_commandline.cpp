@@ -728,15 +728,11 @@ private slots:
         QTest::addColumn<QString>("rows");     // the page's order of X (this outcome), U (interrupted), D (done)
         QTest::newRow("completed") << "run" << "completed" << "" << "UDX";
         QTest::newRow("completed with failures") << "run" << "completed with failures" << "failure" << "XUD";
-        QTest::newRow("nothing applied") << "run" << "nothing applied" << "failure" << "XUD";
-        QTest::newRow("connection lost") << "run" << "connection lost" << "failure" << "XUD";
         QTest::newRow("could not start") << "run" << "could not start" << "failure" << "XUD";
-        QTest::newRow("preview stopped") << "plan" << "preview stopped" << "failure" << "XUD";
         QTest::newRow("not done") << "run" << "not done" << "skipped" << "UXD";
         QTest::newRow("not started") << "run" << "not started" << "skipped" << "UXD";
         QTest::newRow("check: matches") << "check" << "matches" << "" << "UDX";
         QTest::newRow("check: differs") << "check" << "differs" << "failure" << "XUD";
-        QTest::newRow("check: could not be read") << "check" << "could not be read" << "failure" << "XUD";
     }
 
     void fleetDocumentsPlaceEachOutcome()
@@ -745,16 +741,15 @@ private slots:
         QFETCH(QString, outcome);
         QFETCH(QString, junit);
         QFETCH(QString, rows);
-        QJsonArray failures;
+        QJsonArray failures, databases;
         for (int message = 1; message <= 5; ++message)
             failures.append(QJsonObject{{"count", 1}, {"message", QString::number(message)}});
-        const QJsonObject server{{"server", "S"}, {"mode", "LOCAL"}};
-        const QJsonArray databases{
-            QJsonObject{{"database", "D"}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", command == "check" ? "matches" : "completed"}},
-            QJsonObject{{"database", "U"}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", "interrupted"}},
-            QJsonObject{{"database", "X"}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", outcome}, {"failures", failures}}};
+        for (const auto &[name, ended] : QList<std::pair<QString, QString>>{
+                 {"D", command == "check" ? "matches" : "completed"}, {"U", "interrupted"}, {"X", outcome}})
+            databases.append(QJsonObject{{"database", name}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", ended}, {"failures", failures}});
         const QJsonObject index{{"command", command},
-                                {"servers", QJsonArray{server, QJsonObject{{"server", "T"}, {"mode", "LOCAL"}, {"error", "unlisted"}}}},
+                                {"servers", QJsonArray{QJsonObject{{"server", "S"}, {"mode", "LOCAL"}},
+                                                       QJsonObject{{"server", "T"}, {"mode", "LOCAL"}, {"error", "unlisted"}}}},
                                 {"databases", databases}};
         const QString page = QString::fromUtf8(fleetPage(index));
         static const QRegularExpression database("<td class=\"database\">(?:<a [^>]*>)?(\\w)<");
@@ -767,10 +762,9 @@ private slots:
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(fleetJunit(index)) > 0);
         file.close();
-        QStringList problems{"U failure: interrupted"};
-        if (!junit.isEmpty())
-            problems << "X " + junit + ": " + outcome;
-        problems << "list the databases failure: unlisted";
+        QStringList problems{"U failure: interrupted", "X " + junit + ": " + outcome, "list the databases failure: unlisted"};
+        if (junit.isEmpty())
+            problems.removeAt(1);
         QStringList found = readJunit(path).problems;
         for (QString &problem : found)
             problem = problem.section(QRegularExpression("[:\\n]"), 0, 1);
@@ -884,8 +878,6 @@ private slots:
         QTest::newRow("a CA without require") << local + "tls_ca = \"/etc/hostname\"\n" << ":4: key 'tls_ca': goes with";
         QTest::newRow("a CA file that cannot be read") << local + "encrypt = \"require\"\ntls_ca = \"none.pem\"\n"
                                                        << ":5: key 'tls_ca': names a file that cannot be read";
-        QTest::newRow("a CA file name that freetds.conf misreads")
-            << local + "encrypt = \"require\"\ntls_ca = \"/etc/ssl/a#b.pem\"\n" << ":5: key 'tls_ca': names \"/etc/ssl/a#b.pem\", which";
         QTest::newRow("encryption beside an ODBC string") << local + "odbc_env = \"HOME\"\nencrypt = \"require\"\n"
                                                           << ":4: key 'odbc_env': its ODBC string says";
         QTest::newRow("no jobs") << "jobs = 0\n" + local << ":1: key 'jobs'";

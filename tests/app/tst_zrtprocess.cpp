@@ -126,9 +126,8 @@ private slots:
         QCOMPARE(zrt.exitStatus(), QProcess::CrashExit);
         // One job: what completed, the one running, then what had not begun.
         const QStringList left = outcomes(reports);
-        const qsizetype completed = left.lastIndexOf("completed") + 1;
-        QVERIFY2(completed < 3, "killed part-way");
-        QCOMPARE(left.mid(completed), (QStringList{"interrupted", "not done", "not done"}.mid(0, 3 - completed)));
+        const qsizetype completed = left.count("completed");
+        QVERIFY2(completed < 3 && left[completed] == "interrupted", qPrintable(left.join(", ")));
         const qsizetype before = server.received().logins.size();
         zrt.start(QStringLiteral(ZRT_PROGRAM), {"run", "--retry", folderIn(reports), "--jobs", "1", "--report-dir", reports + "-retried"});
         QVERIFY(zrt.waitForFinished(20000));
@@ -142,15 +141,12 @@ private slots:
     }
 
     // A report is written whole when the run ends, by name: a link planted in
-    // its place while the run is under way is refused, its target left alone.
+    // its place while the run is under way is refused, nothing made through it.
     void aLinkPlantedMidRunIsRefused()
     {
         TdsListener server({.batchTime = std::chrono::milliseconds(2)});
         const QString report = m_dir.filePath(QStringLiteral("planted.jsonl"));
         const QString target = m_dir.filePath(QStringLiteral("target"));
-        QFile kept(target);
-        QVERIFY(kept.open(QIODevice::WriteOnly) && kept.write("kept") == 4);
-        kept.close();
         QProcess zrt;
         zrt.start(QStringLiteral(ZRT_PROGRAM), {"run", "--mode", "LOCAL", "--server", server.dataSource(), "--database",
                                                 "QuorvexA", "--report", report});
@@ -160,9 +156,7 @@ private slots:
         QVERIFY(zrt.waitForFinished(20000));
         QCOMPARE(zrt.exitCode(), 3);
         QVERIFY(zrt.readAllStandardError().contains("is a symbolic link"));
-        QVERIFY(QFileInfo(report).isSymLink());
-        QVERIFY(kept.open(QIODevice::ReadOnly));
-        QCOMPARE(kept.readAll(), QByteArray("kept"));
+        QVERIFY(QFileInfo(report).isSymLink() && !QFileInfo::exists(target));
     }
 
     void aClosedOutputStopsTheFleet()

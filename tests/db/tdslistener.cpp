@@ -15,9 +15,9 @@ namespace {
 enum : char { kBatch = 0x01, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 };
 
 // Whole replies, one packet each. Pre-login: version 15.0.2000, then the
-// encryption byte: off (the login only), on, or not supported.
+// encryption byte: required (all of the session) or not supported.
 constexpr char kPreloginReply[] = "0401001a0000010000000b00060100110001ff0f0007d00000";
-enum : char { kEncryptOff = 0, kEncryptOn = 1, kEncryptNotSupported = 2 };
+enum : char { kEncryptNotSupported = 2, kEncryptRequired = 3 };
 // The packet size agreed at login: 4096.
 constexpr char kPacketSize[] = "e3130004043400300039003600043400300039003600";
 constexpr char kDone[] = "fd000000000000000000000000";
@@ -97,17 +97,6 @@ bool readPacket(TdsSocket &socket, char *type, QByteArray *body)
     *type = header[0];
     body->resize(qFromBigEndian<quint16>(header + 2) - qsizetype(sizeof header));
     return socket.read(body->data(), body->size());
-}
-
-// The encryption the client's pre-login asks for: its option 1.
-char encryptionAsked(const QByteArray &prelogin)
-{
-    for (qsizetype at = 0; at + 5 <= prelogin.size() && prelogin[at] != char(0xff); at += 5) {
-        const quint16 offset = qFromBigEndian<quint16>(prelogin.constData() + at + 1);
-        if (prelogin[at] == 1 && offset < prelogin.size())
-            return prelogin[offset];
-    }
-    return kEncryptOff;
 }
 
 QString utf16(const char *bytes, qsizetype characters)
@@ -193,7 +182,6 @@ TdsListener::Received TdsListener::received() const
 
 void TdsListener::converse(TdsSocket &client)
 {
-    bool loginOnly = false; // encrypted for the login alone
     {
         const std::lock_guard lock(m_mutex);
         ++m_received.connections;
@@ -210,15 +198,12 @@ void TdsListener::converse(TdsSocket &client)
             std::this_thread::sleep_for(m_script.batchTime); // the server at work, not the listener waiting on a test
         const std::lock_guard lock(m_mutex);
         if (type == kPrelogin) {
-            const char encryption = m_script.certificate.isEmpty() ? kEncryptNotSupported : encryptionAsked(body);
-            client.write(QByteArray::fromHex(kPreloginReply) + encryption);
-            loginOnly = encryption == kEncryptOff;
-            if (encryption != kEncryptNotSupported && !client.handshake(m_script.certificate, m_script.key))
+            const bool offered = !m_script.certificate.isEmpty();
+            client.write(QByteArray::fromHex(kPreloginReply) + (offered ? kEncryptRequired : kEncryptNotSupported));
+            if (offered && !client.handshake(m_script.certificate, m_script.key))
                 return;
         } else if (type == kLogin) {
             m_received.encrypted += client.encrypted() ? 1 : 0;
-            if (loginOnly)
-                client.end();
             m_received.user = loginText(body, 40);
             m_received.database = loginText(body, 68);
             m_received.logins << m_received.database;

@@ -43,8 +43,8 @@ public:
         int appLockAnswer = 0;           // what sp_getapplock returns: 0 granted, -1 timed out
         QString blockedBatch;            // refused with kLockRequestTimedOut...
         int blockedTimes = 0;            // ...this many times, then answered
-        // PEM files of the server's certificate and key: with them, encryption
-        // is offered as SQL Server offers it, for the login only or throughout.
+        // PEM files of the server's certificate and key: with them, the server
+        // requires encryption, as SQL Server with forced encryption does.
         QString certificate;
         QString key;
     };
