@@ -59,14 +59,15 @@ constexpr FormSyntax kRunForms[] = {
             "[--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
     {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] "
               "[--json | --quiet | --verbose]"},
-    {"retry", "--retry FOLDER [--odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
-              "[--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
+    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--jobs N] "
+              "[--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
 };
 constexpr FormSyntax kCheckForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--json]"},
     {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
     {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
-    {"retry", "--retry FOLDER [--odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
+    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--jobs N] "
+              "[--max-failures N] [--report-dir DIR] [--json]"},
 };
 constexpr FormSyntax kHelpForms[] = {{"", "[COMMAND]"}};
 
@@ -137,7 +138,7 @@ constexpr TermSyntax kEnvironment[] = {
     {"ZRT_ODBC", "an ODBC connection string used as --odbc is, where\nneither --odbc nor --server is given"},
     {"NAME", "in a fleet file, odbc_env = \"NAME\" names a variable that\nholds that server's ODBC string"},
     {"DISPLAY", "without a command, zrt opens the window where this,\nWAYLAND_DISPLAY or QT_QPA_PLATFORM is set"},
-    {"NO_COLOR", "set to anything, even empty: no colours on a terminal"},
+    {"NO_COLOR", "set to anything but empty: no colours on a terminal"},
 };
 
 constexpr std::array<const char *, 3> kModes = {ConnectionProfiles::kOffline, ConnectionProfiles::kLocal,

@@ -8,93 +8,83 @@
 #include "odbckeywords.h"
 #include "outputfile.h"
 #include "printabletext.h"
+#include "serveraddress.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
-// Why a fleet's server cannot be taken, or nothing; its mode then as the
-// command line names it.
-std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, const QString &odbcEnv)
+// Why a fleet file's server cannot be taken, or nothing; its mode then as the
+// command line names it, and its server and reach as its connections lead:
+// with odbc_env, the server its string names.
+std::optional<FleetRefusal> serverRefusal(FleetFileServer &server)
 {
-    const std::optional<QString> named = modeNamed(mode);
+    const std::optional<QString> named = modeNamed(server.mode);
     if (!named)
-        return FleetRefusal{QStringLiteral("mode"), unknownModeText(mode)};
-    mode = *named;
-    if (const QString refusal = serverNameRefusal(server); !refusal.isEmpty())
+        return FleetRefusal{QStringLiteral("mode"), unknownModeText(server.mode)};
+    server.mode = *named;
+    if (const QString refusal = serverNameRefusal(server.server); !refusal.isEmpty())
         return FleetRefusal{QStringLiteral("server"), refusal};
-    if (odbcEnv.isEmpty())
+    server.reach = ConnectionProfiles::runDataSource(server.mode, server.server);
+    if (server.mode == QLatin1String(ConnectionProfiles::kOnline))
+        server.reach = ConnectionProfiles::onlineDataSource();
+    if (server.odbcEnv.isEmpty())
         return std::nullopt;
-    if (mode == QLatin1String(ConnectionProfiles::kOnline))
+    const QString variable = escapedControls(server.odbcEnv);
+    if (server.mode == QLatin1String(ConnectionProfiles::kOnline))
         return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("goes with mode OFFLINE or LOCAL, not ONLINE")};
-    if (qEnvironmentVariableIsEmpty(odbcEnv.toLocal8Bit().constData()))
+    if (qEnvironmentVariableIsEmpty(server.odbcEnv.toLocal8Bit().constData()))
+        return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("the environment variable %1 is not set").arg(variable)};
+    // The string decides where the databases are: the reports name what it reaches.
+    const QString reached = odbcServer(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()));
+    if (reached.isEmpty())
         return FleetRefusal{QStringLiteral("odbc_env"),
-                            QStringLiteral("the environment variable %1 is not set").arg(escapedControls(odbcEnv))};
+                            QStringLiteral("the string in %1 names no SERVER, so the server it reaches cannot be told").arg(variable)};
+    if (const QString refusal = serverNameRefusal(reached); !refusal.isEmpty())
+        return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("the SERVER of the string in %1 holds one of ; { } =").arg(variable)};
+    if (!server.server.isEmpty() && !sameServer(server.server, reached))
+        return FleetRefusal{QStringLiteral("server"),
+                            QStringLiteral("the string in %1 reaches another server (a name for the reports goes in label)").arg(variable)};
+    server.server = reached;
+    server.reach = reached;
     return std::nullopt;
 }
 
 // The server's connections: through its variable's ODBC string, else the mode's own login.
 void connect(FleetServer &server, CommandContext &context, int statementSeconds)
 {
+    server.statementSeconds = statementSeconds;
+    const QString label = server.label.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(server.label);
     if (server.odbcEnv.isEmpty()) {
         server.connections = context.sqlServer(statementSeconds);
-        server.target = serverTarget(ConnectionProfiles::runDataSource(server.mode, server.server));
+        server.target = serverTarget(ConnectionProfiles::runDataSource(server.mode, server.server)) + label;
         return;
     }
     server.connections = context.odbc(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()), statementSeconds);
-    const QString from = QStringLiteral("ODBC from %1").arg(server.odbcEnv);
-    server.target = server.server.isEmpty() ? from : QStringLiteral("server %1 (%2)").arg(server.server, from);
+    server.target = QStringLiteral("server %1%2 (ODBC from %3)").arg(server.server, label, server.odbcEnv);
 }
 
 std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &context, int statementSeconds,
                                           QString &error)
 {
-    const FleetFileReading reading = readFleetFile(path, [](FleetFileServer &server) {
-        return serverRefusal(server.mode, server.server, server.odbcEnv);
-    });
+    const FleetFileReading reading = readFleetFile(path, serverRefusal);
     if (!reading.fleet) {
         error = reading.error;
         return std::nullopt;
     }
-    FleetServers fleet{{}, reading.fleet->jobs};
+    FleetServers fleet{{}, reading.fleet->jobs, FleetFileOrigin{QFileInfo(path).absoluteFilePath(), reading.digest}};
     for (const FleetFileServer &entry : reading.fleet->servers) {
         FleetServer server;
         server.server = entry.server;
         server.mode = entry.mode;
         server.odbcEnv = entry.odbcEnv;
+        server.label = entry.label;
         server.patterns = entry.patterns;
         connect(server, context, statementSeconds);
         fleet.servers << server;
     }
     return fleet;
-}
-
-// A string given with --odbc is not kept: a retry is given it again.
-std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandContext &context, int statementSeconds,
-                                      QString &error)
-{
-    const QString folder = parser.value(QStringLiteral("retry"));
-    FleetRetry retry = readRetry(folder);
-    error = retry.error;
-    for (FleetServer &server : retry.servers) {
-        if (const std::optional<FleetRefusal> refusal = serverRefusal(server.mode, server.server, server.odbcEnv)) {
-            error = QStringLiteral("%1: server '%2': %3").arg(folder, server.server, refusal->reason);
-        } else if (server.odbc.isEmpty()) {
-            connect(server, context, statementSeconds);
-        } else if (const std::optional<QString> odbc = givenOdbc(parser)) {
-            server.connections = context.odbc(*odbc, statementSeconds);
-            server.target = QLatin1String("ODBC ") + withoutPasswords(*odbc);
-        } else {
-            error = QStringLiteral("%1 was run through the ODBC string %2: give it again with --odbc or ZRT_ODBC")
-                        .arg(folder, server.odbc);
-        }
-        if (!error.isEmpty())
-            break;
-    }
-    if (!error.isEmpty())
-        return std::nullopt;
-    return FleetServers{retry.servers, std::nullopt};
 }
 
 std::optional<FleetServers> fromOneServer(const QCommandLineParser &parser, CommandContext &context,
@@ -116,15 +106,86 @@ std::optional<FleetServers> fromOneServer(const QCommandLineParser &parser, Comm
     server.server = parser.value(QStringLiteral("server"));
     if (!odbc) {
         connect(server, context, statementSeconds);
-        return FleetServers{{server}, std::nullopt};
+        return FleetServers{{server}, std::nullopt, std::nullopt};
     }
     if (parser.isSet(QStringLiteral("odbc")))
         server.odbc = withoutPasswords(*odbc);
     else
         server.odbcEnv = QStringLiteral("ZRT_ODBC");
+    server.server = odbcServer(*odbc);
+    server.statementSeconds = statementSeconds;
     server.connections = context.odbc(*odbc, statementSeconds);
     server.target = QLatin1String("ODBC ") + withoutPasswords(*odbc);
-    return FleetServers{{server}, std::nullopt};
+    return FleetServers{{server}, std::nullopt, std::nullopt};
+}
+
+// What the operator names now for a retry of `folder`: the fleet file given
+// with --fleet, else the one the index names if it is still as it was; for a
+// folder made with --all, the server named again.
+std::optional<FleetServers> operatorsServers(const QCommandLineParser &parser, const QString &folder,
+                                             const FleetRetry &retry, CommandContext &context, int statementSeconds,
+                                             QString &error)
+{
+    if (parser.isSet(QStringLiteral("fleet")))
+        return fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
+    if (retry.fleetFile) {
+        const QString &path = retry.fleetFile->path;
+        QString refusal = QFileInfo::exists(path) ? QString() : QStringLiteral("the fleet file %1 that %2 was made from is gone");
+        std::optional<FleetServers> fleet;
+        if (refusal.isEmpty())
+            fleet = fromFleetFile(path, context, statementSeconds, error);
+        if (fleet && fleet->fleetFile->digest != retry.fleetFile->digest)
+            refusal = QStringLiteral("the fleet file %1 has changed since %2 was made");
+        if (refusal.isEmpty())
+            return fleet;
+        error = refusal.arg(path, folder) + QLatin1String(": give --fleet FILE to take a file as it is now");
+        return std::nullopt;
+    }
+    if (!parser.isSet(QStringLiteral("mode"))) {
+        error = QStringLiteral("%1 was made with --all: give its --mode and --server (or --odbc) again").arg(folder);
+        return std::nullopt;
+    }
+    return fromOneServer(parser, context, statementSeconds, error);
+}
+
+// The servers the index leaves work on, each as the operator's input
+// reaches it; whatever the index says of them is that input's, or refused.
+std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandContext &context, int statementSeconds,
+                                      QString &error)
+{
+    const QString folder = parser.value(QStringLiteral("retry"));
+    const FleetRetry retry = readRetry(folder);
+    error = retry.error;
+    std::optional<FleetServers> given;
+    if (error.isEmpty())
+        given = operatorsServers(parser, folder, retry, context, statementSeconds, error);
+    if (!given)
+        return std::nullopt;
+    const QString origin = given->fleetFile ? given->fleetFile->path : QStringLiteral("the server given");
+    FleetServers fleet{{}, std::nullopt, given->fleetFile};
+    QList<qsizetype> taken;
+    for (const RetryServer &left : retry.servers) {
+        const auto found = std::find_if(given->servers.begin(), given->servers.end(),
+                                        [&left](const FleetServer &server) { return sameServer(server.server, left.server); });
+        const qsizetype place = found - given->servers.begin();
+        const QString entry = QStringLiteral("%1: servers entry %2 ('%3')").arg(folder).arg(left.entry).arg(left.server);
+        if (found == given->servers.end())
+            error = QStringLiteral("%1 is not a server of %2").arg(entry, origin);
+        else if (taken.contains(place))
+            error = QStringLiteral("%1 reaches a server that an earlier entry reaches").arg(entry);
+        else if (found->mode != left.mode)
+            error = QStringLiteral("%1 says mode %2, %3 says %4").arg(entry, left.mode, origin, found->mode);
+        else if (found->odbcEnv != left.odbcEnv)
+            error = QStringLiteral("%1 says odbcEnv '%2', %3 says '%4'").arg(entry, left.odbcEnv, origin, found->odbcEnv);
+        if (!error.isEmpty())
+            return std::nullopt;
+        taken << place;
+        FleetServer server = *found;
+        if (left.listed)
+            server.databases = left.left;
+        fleet.servers << server;
+    }
+    return fleet;
 }
 
 // A whole number from 1 up given with `option`, or nothing; `ok` false when it is not one.
@@ -156,10 +217,10 @@ std::optional<FleetServers> checkedServers(const QCommandLineParser &parser, con
     std::optional<FleetServers> fleet;
     // Only what the command's forms define is asked of the parser: list has no --retry.
     const QStringList given = parser.optionNames();
-    if (given.contains(QStringLiteral("fleet")))
-        fleet = fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
-    else if (given.contains(QStringLiteral("retry")))
+    if (given.contains(QStringLiteral("retry")))
         fleet = fromRetry(parser, context, statementSeconds, error);
+    else if (given.contains(QStringLiteral("fleet")))
+        fleet = fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
     else
         fleet = fromOneServer(parser, context, statementSeconds, error);
     if (!fleet)
@@ -176,6 +237,7 @@ std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QS
     FleetWork work;
     work.command = command;
     work.servers = servers->servers;
+    work.fleetFile = servers->fleetFile;
     work.limits.stop = context.stop;
     QString error;
     const std::optional<int> jobs = count(parser, QStringLiteral("jobs"), error);

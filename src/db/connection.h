@@ -27,6 +27,9 @@ public:
     virtual DbStatus rollback() = 0;
     virtual DbStatus close() = 0;
     virtual bool isOpen() const = 0;
+    // From another thread: asks the statement under way, if any, to end now
+    // as failed. Where nothing can be asked, nothing happens.
+    virtual void cancel() {}
 };
 
 using ConnectionFactory = std::function<std::unique_ptr<Connection>()>;

@@ -11,10 +11,13 @@
 // One [[server]] of a fleet file, as written there.
 struct FleetFileServer
 {
-    QString server;  // as --server names it
+    QString server;  // as --server names it; beside odbc_env optional, the server its string reaches
     QString mode;
     QString odbcEnv; // the environment variable holding its ODBC string; empty: the mode's own login
+    QString label;   // what the reports call it, if not its server
     NamePatterns patterns;
+    QString reach;   // the data source its connections reach, as the check gives it
+    int line = 0;    // of its [[server]] table
 };
 
 struct FleetFile
@@ -38,10 +41,12 @@ struct FleetFileReading
 {
     std::optional<FleetFile> fleet;
     QString error; // "FILE:LINE: key 'KEY': why", or what kept the file from being read
+    QByteArray digest; // SHA-256 of the bytes read, in hex
 };
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
-// server and mode, and optional odbc_env, include and exclude. An unknown or
-// missing key, a value of the wrong type and a server named twice are
-// errors, as is whatever `check` refuses.
+// mode, server (optional beside odbc_env), and optional odbc_env, label,
+// include and exclude. An unknown or missing key, a value of the wrong type,
+// a pattern that is none and two servers that reach one are errors, as is
+// whatever `check` refuses; the check gives each server its reach.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);
