@@ -38,16 +38,18 @@ std::optional<FleetRefusal> serverRefusal(FleetFileServer &server)
         return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("the environment variable %1 is not set").arg(variable)};
     // The string decides where the databases are: the reports name what it reaches.
     const QString reached = odbcServer(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()));
-    if (reached.isEmpty())
-        return FleetRefusal{QStringLiteral("odbc_env"),
-                            QStringLiteral("the string in %1 names no SERVER, so the server it reaches cannot be told").arg(variable)};
+    if (reached.isEmpty() && !server.server.isEmpty())
+        return FleetRefusal{QStringLiteral("server"),
+                            QStringLiteral("the string in %1 names no SERVER to hold it to (a name for the reports goes in label)")
+                                .arg(variable)};
     if (const QString refusal = serverNameRefusal(reached); !refusal.isEmpty())
         return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("the SERVER of the string in %1 holds one of ; { } =").arg(variable)};
     if (!server.server.isEmpty() && !sameServer(server.server, reached))
         return FleetRefusal{QStringLiteral("server"),
                             QStringLiteral("the string in %1 reaches another server (a name for the reports goes in label)").arg(variable)};
     server.server = reached;
-    server.reach = reached;
+    // A string naming no server (a DSN's) reaches what its variable says.
+    server.reach = reached.isEmpty() ? QLatin1String("odbc_env ") + server.odbcEnv : reached;
     return std::nullopt;
 }
 
@@ -62,7 +64,8 @@ void connect(FleetServer &server, CommandContext &context, int statementSeconds)
         return;
     }
     server.connections = context.odbc(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()), statementSeconds);
-    server.target = QStringLiteral("server %1%2 (ODBC from %3)").arg(server.server, label, server.odbcEnv);
+    const QString from = QStringLiteral("ODBC from %1").arg(server.odbcEnv);
+    server.target = server.server.isEmpty() ? from + label : QStringLiteral("server %1%2 (%3)").arg(server.server, label, from);
 }
 
 std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &context, int statementSeconds,

@@ -65,11 +65,11 @@ def main(zrt, dbo, schemas):
         earlier.mkdir()
         pathlib.Path(earlier, "index.json").write_text(json.dumps({
             "type": "index", "format": 1, "command": "run",
-            "servers": [{"server": "sqlite", "mode": "LOCAL", "odbc": "given"}],
-            "databases": [{"database": str(database), "server": "sqlite", "mode": "LOCAL", "outcome": "not done"}]}))
-        retry = ["--retry", str(earlier), "--odbc", odbc, "--report-dir"]
+            "servers": [{"server": "", "mode": "LOCAL", "odbc": "given"}],
+            "databases": [{"database": str(database), "server": "", "mode": "LOCAL", "outcome": "not done"}]}))
+        retry = ["--retry", str(earlier), "--mode", "LOCAL", "--odbc", odbc, "--report-dir"]
         pathlib.Path(folder, "fleet.toml").write_text(
-            '[[server]]\nserver = "sqlite"\nmode = "LOCAL"\nodbc_env = "ZRT_SCHEMA_ODBC"\n')
+            '[[server]]\nlabel = "sqlite"\nmode = "LOCAL"\nodbc_env = "ZRT_SCHEMA_ODBC"\n')
         # Name, arguments, exit status, schema of what it prints, report (or fleet folder) it writes.
         rows = [
             ("plan of a new database", ["plan", *one, "--report", "new.jsonl"], 3, "run", "new.jsonl"),
