@@ -72,7 +72,7 @@ FleetRecord listFleet(const QList<FleetServer> &servers, const std::atomic<bool>
                 listed << name;
         };
         ListingOutcome listing;
-        listing.failure = DbStatus::failure(QStringLiteral("not listed: the invocation was stopped"));
+        listing.failure = DbStatus::failure(QStringLiteral("the invocation was stopped"));
         listing.interrupted = true;
         if (!stop || !stop->load())
             listing = listDatabases(from.mode, from.server, from.connections, add, stop);
