@@ -11,12 +11,17 @@ constexpr OptionSyntax kOptions[] = {
     {"all", "", ValueKind::None,
      "Every database that the server lists (or that the --odbc string reaches), each on a connection of its own."},
     {"fleet", "FILE", ValueKind::File,
-     "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with server, mode, "
-     "and optional odbc_env (the name of an environment variable holding the server's ODBC string), include and "
-     "exclude (glob patterns over the names); a top-level jobs is the default of --jobs."},
+     "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with mode, server, "
+     "and optional odbc_env (the name of an environment variable holding the server's ODBC string; a server beside "
+     "it must be the one the string reaches), label (a name for the reports), include and exclude (patterns over "
+     "the names: * ? [...] [!...], a literal [ as [[]); a top-level jobs is the default of --jobs. Two tables that "
+     "reach one server are refused. With --retry: the fleet file to take the servers' connections from now."},
     {"retry", "FOLDER", ValueKind::Folder,
      "Only the databases that an earlier invocation, whose folder is FOLDER, did not complete (for check: that "
-     "did not match), on the servers they were on; the new folder goes beside FOLDER unless --report-dir says."},
+     "did not match) and their servers still list; each server reached as the fleet file that the index names "
+     "says, while its content is unchanged (else give --fleet), or, for a folder made with --all, as --mode and "
+     "--server or --odbc say again. An index entry that is not what zrt writes, or that says other than the "
+     "operator's input, is refused. The new folder goes beside FOLDER unless --report-dir says."},
     {"mode", "MODE", ValueKind::Mode, "OFFLINE, LOCAL or ONLINE, in any letter case."},
     {"database", "NAME", ValueKind::Text, "The database."},
     {"server", "NAME", ValueKind::Text,

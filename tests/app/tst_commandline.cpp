@@ -244,6 +244,14 @@ private slots:
         QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0", "--report-dir", missingDir} << "--jobs";
         QTest::newRow("--max-failures 0") << kRunAll + QStringList{"--max-failures", "0"} << "--max-failures";
         QTest::newRow("run --all: with --database") << kRunAll + QStringList{"--database", "Q"} << "--database";
+        QTest::newRow("an option given twice") << kRunAll + QStringList{"--jobs", "2", "--jobs", "3"}
+                                               << "zrt run: --jobs is given more than once";
+        QTest::newRow("a switch given twice") << QStringList{"list", "--mode", "LOCAL", "--server", "S", "--json", "--json"}
+                                              << "--json is given more than once";
+        QTest::newRow("a name longer than SQL Server's") << QStringList{"check", "--mode", "LOCAL", "--database", QString(129, 'Q')}
+                                                         << "is no database's name: it is longer than the 128";
+        QTest::newRow("--retry of an --all folder with --fleet and --mode")
+            << QStringList{"run", "--retry", m_dir.path(), "--fleet", "f", "--mode", "LOCAL"} << "--mode does not go with --fleet";
     }
 
     void badUsage()
@@ -737,6 +745,8 @@ private slots:
         QTest::newRow("ZRT_ODBC without --server") << QStringList() << secret << masked << 30;
         QTest::newRow("--server before ZRT_ODBC") << QStringList{"--server", "S"} << secret << "server S" << 30;
         QTest::newRow("--odbc before ZRT_ODBC") << QStringList{"--odbc", "DSN=x;PWD=y"} << secret << "ODBC DSN=x;PWD=****" << 30;
+        QTest::newRow("a malformed password keyword") << QStringList{"--odbc", "DSN=x;PWD{=b}c;{Password} = b}c;UID=u"} << secret
+                                                      << "ODBC DSN=x;PWD{=****;{Password} = ****;UID=u" << 30;
         QTest::newRow("no server at all") << QStringList() << QByteArray() << "the local default instance" << 30;
         QTest::newRow("statements may wait for ever")
             << QStringList{"--statement-timeout", "0"} << QByteArray() << "the local default instance" << 0;
