@@ -84,7 +84,8 @@ constexpr CommandSyntax kCommands[] = {
      "Prints the Quorvex databases of the server, one per line, as the window lists\n"
      "them; with --odbc or ZRT_ODBC the string reaches the server. With --fleet,\n"
      "each server's databases that its patterns admit, each line the server, a tab\n"
-     "and the name. Exit 4 when a server cannot be reached."},
+     "and the name. Exit 4 when a server cannot be reached, or takes the login and\n"
+     "does not list its databases within 30 s."},
     {"run", "run the maintenance on one database, with a summary and a report", kRunForms,
      "Runs the maintenance on one database, as the window does, and prints what\n"
      "its statements did, failures grouped by message. ONLINE mode opens only on\n"
