@@ -83,6 +83,7 @@ int exitStatus(CheckOutcome outcome)
     case CheckOutcome::NotDone:
         return kExitInterrupted;
     case CheckOutcome::NotStarted:
+    case CheckOutcome::Busy:
         return kExitFailures;
     }
     Q_UNREACHABLE();
@@ -99,20 +100,28 @@ int checkOne(const QCommandLineParser &parser, bool json, CommandContext &contex
     const std::optional<DatabaseChoice> choice = checkedDatabaseChoice(parser, QStringLiteral("check"), context);
     if (!choice)
         return kExitUsage;
+    const std::optional<FleetLockKeys> locks = checkedLockOptions(parser, QStringLiteral("check"), context);
+    if (!locks)
+        return kExitUsage;
     const QString target = targetName(parser, choice->mode);
     if (!json)
         context.out << headerLine(QStringLiteral("check"),
                                   QStringLiteral("database '%1', %2, mode %3").arg(choice->database, target, choice->mode),
                                   QDateTime::currentDateTime());
     const DatabaseCheckResult result = checkDatabase(choice->mode, choice->server, choice->database, target,
-                                                     chosenConnections(parser, context));
+                                                     chosenConnections(parser, context),
+                                                     withLockKeys(LockPolicy{}, *locks).waitSeconds);
     const int status = exitStatus(checkOutcomeOf(result));
     if (json) {
         QJsonObject document = merged(jsonDocument(QStringLiteral("check")), checkJson(result));
         document.insert(QStringLiteral("database"), choice->database);
         document.insert(QStringLiteral("exit"), status);
         context.out << QJsonDocument(document).toJson(QJsonDocument::Compact) << "\n";
-    } else if (result.drift) {
+        return status;
+    }
+    if (!result.lockNote.isEmpty())
+        context.out << "zrt check: " << escapedControls(result.lockNote) << "\n";
+    if (result.drift) {
         printReport(context.out, *result.drift, context.outTerminal);
     } else {
         context.err << "zrt check: " << escapedControls(result.error) << "\n";
@@ -131,10 +140,14 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
     if (!json)
         printFleetHeader(parser, checks, context);
     checks.started = [&display](const FleetRecord &fleet, qsizetype database) { display.started(fleet, database); };
+    std::atomic<bool> noteSaid = false;
     checks.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseCheckResult &result) {
-        const QString line = fleetDatabaseName(checks, fleet.databases[database]).leftJustified(30) + QLatin1String("  ")
+        // Said once: every database of an engine without application locks would say it.
+        const QString note = !json && !result.lockNote.isEmpty() && !noteSaid.exchange(true)
+            ? QStringLiteral("zrt check: %1\n").arg(escapedControls(result.lockNote)) : QString();
+        const QString line = note + display.nameColumn(checks, fleet, database) + QLatin1String("  ")
             + tinted(resultText(result), result.drift ? differencesTint(*result.drift) : Tint::Red, context.outTerminal) + QLatin1Char('\n');
-        display.ended(database, json ? QString() : line, !result.drift);
+        display.ended(database, json ? QString() : line, !result.drift && !result.busy);
     };
     const AllChecksResult all = checkAllDatabases(checks);
     display.finish();
@@ -152,11 +165,12 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
         return status;
     }
     printListingFailures(checks.command, checks.servers, all, context);
-    context.out << QStringLiteral("%1 databases: %2 match, %3 differ, %4 could not be read, %5 not checked\n")
+    context.out << QStringLiteral("%1 databases: %2 match, %3 differ, %4 could not be read, %5 busy, %6 not checked\n")
                        .arg(all.databases.size())
                        .arg(byOutcome[int(CheckOutcome::Matches)])
                        .arg(byOutcome[int(CheckOutcome::Differs)])
                        .arg(byOutcome[int(CheckOutcome::CouldNotBeRead)])
+                       .arg(byOutcome[int(CheckOutcome::Busy)])
                        .arg(byOutcome[int(CheckOutcome::NotDone)] + byOutcome[int(CheckOutcome::NotStarted)]);
     for (const QString &error : all.indexErrors)
         context.err << "zrt check: " << escapedControls(error) << "\n";

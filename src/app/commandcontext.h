@@ -1,5 +1,6 @@
 #pragma once
 
+#include "applicationlock.h"
 #include "connection.h"
 
 #include <QTextStream>
@@ -21,6 +22,7 @@ struct CommandContext
     const std::atomic<bool> *stop = nullptr;                  // set by Ctrl-C during --all
     bool outTerminal = false;                                 // out is a terminal: colour the outcomes
     int columns = 80;                                         // the terminal's width
+    Pause pause; // between tries of a statement refused its locks; empty: waits, ending at once on `stop`
 };
 
 // Exit statuses of every command; with --all the most serious of the databases'.

@@ -5,6 +5,7 @@
 #include "commandsyntax.h"
 #include "exitstatus.h"
 #include "listcommand.h"
+#include "mergecommand.h"
 #include "printabletext.h"
 #include "programversion.h"
 #include "runcommand.h"
@@ -51,6 +52,8 @@ int dispatch(const QString &command, const QStringList &rest, CommandContext &co
         return planCommand(rest, context);
     if (command == QLatin1String("check"))
         return checkCommand(rest, context);
+    if (command == QLatin1String("merge"))
+        return mergeCommand(rest, context);
     if (command == QLatin1String("help"))
         return helpCommand(rest, context);
     return -1;

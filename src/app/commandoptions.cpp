@@ -99,7 +99,7 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
         context.out << commandHelp(syntax);
         return kExitOk;
     }
-    if (!parser.positionalArguments().isEmpty()) {
+    if (!parser.positionalArguments().isEmpty() && !formTakesOperands(chosenForm(parser, syntax))) {
         context.err << "zrt " << command << ": unexpected argument '"
                     << escapedControls(parser.positionalArguments().first()) << "'\n";
         return kExitUsage;

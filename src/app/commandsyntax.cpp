@@ -14,14 +14,19 @@ constexpr OptionSyntax kOptions[] = {
      "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with mode, server, "
      "and optional odbc_env (the name of an environment variable holding the server's ODBC string; a server beside "
      "it must be the one the string reaches), label (a name for the reports), include and exclude (patterns over "
-     "the names: * ? [...] [!...], a literal [ as [[]); a top-level jobs is the default of --jobs. Two tables that "
-     "reach one server are refused. With --retry: the fleet file to take the servers' connections from now."},
+     "the names: * ? [...] [!...], a literal [ as [[]), and jobs (at most so many of that server's databases at "
+     "once); a top-level jobs is the default of --jobs; lock_timeout, lock_retries and lock_wait, at the top or in "
+     "a [[server]], are the defaults of those options. Two tables that reach one server are refused. With "
+     "--retry: the fleet file to take the servers' connections from now."},
     {"retry", "FOLDER", ValueKind::Folder,
      "Only the databases that an earlier invocation, whose folder is FOLDER, did not complete (for check: that "
      "did not match) and their servers still list; each server reached as the fleet file that the index names "
      "says, while its content is unchanged (else give --fleet), or, for a folder made with --all, as --mode and "
      "--server or --odbc say again. An index entry that is not what zrt writes, or that says other than the "
      "operator's input, is refused. The new folder goes beside FOLDER unless --report-dir says."},
+    {"shard", "K/N", ValueKind::Text,
+     "Only the K-th of N parts of the databases, each database's part fixed by its server and name (adding a "
+     "database moves no other): N hosts given 1/N to N/N do the whole fleet once; zrt merge joins their folders."},
     {"mode", "MODE", ValueKind::Mode, "OFFLINE, LOCAL or ONLINE, in any letter case."},
     {"database", "NAME", ValueKind::Text, "The database."},
     {"server", "NAME", ValueKind::Text,
@@ -42,10 +47,19 @@ constexpr OptionSyntax kOptions[] = {
      "Start no database once N have ended with unexpected failures; the rest are not started (exit 3)."},
     {"report-dir", "DIR", ValueKind::Folder,
      "A new folder in DIR for this invocation, YYYYMMDD-HHMMSS-COMMAND, with index.json, index.html, junit.xml "
-     "and, for run and plan, one report per database."},
+     "and, for run and plan (and a merge of theirs), one report per database."},
     {"statement-timeout", "SECONDS", ValueKind::Text,
      "A statement still running after SECONDS fails as timed out and the run goes on (default 30; 0 waits "
      "for ever)."},
+    {"lock-timeout", "SECONDS", ValueKind::Text,
+     "A statement waits at most SECONDS for a lock that another session holds (SET LOCK_TIMEOUT; default 5, "
+     "0 does not wait); then it is refused and sent again."},
+    {"lock-retries", "N", ValueKind::Text,
+     "A statement refused its locks is sent again, in its place, up to N times after pauses of 1, 2, 4... "
+     "seconds (default 5); then it counts as blocked."},
+    {"lock-wait", "SECONDS", ValueKind::Text,
+     "Wait at most SECONDS for another run on the database to end (default 0); after that the database is "
+     "busy and nothing is sent."},
     {"output", "FILE", ValueKind::File, "Write to FILE instead of the standard output."},
     {"json", "", ValueKind::None, "Print one JSON document instead of text."},
     {"quiet", "", ValueKind::None, "Print only the header, the outcome and errors."},
@@ -59,21 +73,28 @@ constexpr FormSyntax kListForms[] = {
 };
 constexpr FormSyntax kRunForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--create-at FILEBASE] [--report FILE] "
-         "[--junit FILE] [--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
-    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] "
-            "[--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
-    {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] "
+         "[--junit FILE] [--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] "
+         "[--lock-wait SECONDS] [--json | --quiet | --verbose]"},
+    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] "
+            "[--report-dir DIR] [--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] "
+            "[--lock-wait SECONDS] [--json | --quiet | --verbose]"},
+    {"fleet", "--fleet FILE [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
+              "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] "
               "[--json | --quiet | --verbose]"},
-    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--jobs N] "
-              "[--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] [--json | --quiet | --verbose]"},
+    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--shard K/N] [--jobs N] "
+              "[--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] [--lock-timeout SECONDS] "
+              "[--lock-retries N] [--lock-wait SECONDS] [--json | --quiet | --verbose]"},
 };
 constexpr FormSyntax kCheckForms[] = {
-    {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--json]"},
-    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
-    {"fleet", "--fleet FILE [--jobs N] [--max-failures N] [--report-dir DIR] [--json]"},
-    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--jobs N] "
-              "[--max-failures N] [--report-dir DIR] [--json]"},
+    {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--lock-wait SECONDS] [--json]"},
+    {"all", "--all --mode MODE [--server NAME | --odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] "
+            "[--report-dir DIR] [--lock-wait SECONDS] [--json]"},
+    {"fleet", "--fleet FILE [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] "
+              "[--json]"},
+    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--shard K/N] [--jobs N] "
+              "[--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] [--json]"},
 };
+constexpr FormSyntax kMergeForms[] = {{"", "[--report-dir DIR] FOLDER..."}};
 constexpr FormSyntax kHelpForms[] = {{"", "[COMMAND]"}};
 
 constexpr CommandSyntax kCommands[] = {
@@ -94,15 +115,24 @@ constexpr CommandSyntax kCommands[] = {
      "connection string; the database is named at login. A database that is\n"
      "missing is created only with --create-at, on the chosen server; otherwise\n"
      "nothing is sent (exit 4). The run never goes on in the fallback on tempdb.\n"
-     "A lost connection ends the run. With --all every database that the server\n"
-     "lists is run (with --odbc or ZRT_ODBC, through that string, each database\n"
-     "named at login), with --fleet those of every server of the file, with\n"
-     "--retry those an earlier invocation did not complete; each on its own\n"
-     "connection, with a line for each as it ends, and on a terminal a line of\n"
-     "progress. Ctrl-C starts no further run and stops the running ones after\n"
-     "their current statement. Exit 0 completed, 3 statements failed unexpectedly\n"
-     "or timed out, the connection was lost, --max-failures stopped the fleet or\n"
-     "a file could not be written, 4 nothing could be applied, 130 interrupted."},
+     "A lost connection ends the run. Before its first statement the run takes\n"
+     "the tool's application lock on the database (sp_getapplock, exclusive, for\n"
+     "its session) and sets its lock timeout: when another run holds the lock\n"
+     "past --lock-wait the database is busy, nothing is sent (exit 3) and --retry\n"
+     "takes it again; a statement refused its locks (error 1222) is sent again in\n"
+     "its place and, refused past --lock-retries, counts as blocked, naming the\n"
+     "sessions that held the locks where the login may see them. An engine without\n"
+     "application locks (SQLite) is said so, and run without. With --all every\n"
+     "database that the server lists is run (with --odbc or ZRT_ODBC, through\n"
+     "that string, each database named at login), with --fleet those of every\n"
+     "server of the file, with --retry those an earlier invocation did not\n"
+     "complete; each on its own connection, with a line for each as it ends, and\n"
+     "on a terminal a line of progress. Ctrl-C starts no further run and stops\n"
+     "the running ones after their current statement, or at once in a pause\n"
+     "before a statement's next try. Exit 0 completed, 3 statements failed\n"
+     "unexpectedly, timed out or were blocked, the database was busy, the\n"
+     "connection was lost, --max-failures stopped the fleet or a file could not\n"
+     "be written, 4 nothing could be applied, 130 interrupted."},
     {"plan", "what a run would do to a database: run, then rolled back", kRunForms,
      "Shows what a run would do to the database, in the run's own words, and\n"
      "leaves it as it was: it opens the database as run does, turns autocommit\n"
@@ -110,11 +140,14 @@ constexpr CommandSyntax kCommands[] = {
      "statements did) and rolls everything back; it never commits. It also names\n"
      "the rows the run would discard. A database that is missing is reported as\n"
      "one that a run would create (with --create-at, by the statement shown);\n"
-     "nothing is sent. A preview holds the same locks as a run until it rolls\n"
-     "back: the application's users wait for it as for a run. Exit codes as run:\n"
-     "0 the run would complete, 3 statements would fail unexpectedly or the\n"
-     "preview stopped (once the server has ended its transaction, or will not say,\n"
-     "nothing more is sent), 4 nothing could be read, 130 interrupted."},
+     "nothing is sent. It takes the application lock, bounds its lock waits and\n"
+     "sends refused statements again as run does, inside its transaction. A\n"
+     "preview holds the same locks as a run until it rolls back: the\n"
+     "application's users wait for it as for a run. Exit codes as run: 0 the run\n"
+     "would complete, 3 statements would fail unexpectedly or be blocked, the\n"
+     "database was busy or the preview stopped (once the server has ended its\n"
+     "transaction, or will not say, nothing more is sent), 4 nothing could be\n"
+     "read, 130 interrupted."},
     {"check", "list what a database lacks of what a run leaves; changes nothing", kCheckForms,
      "Compares the database's tables, columns and views with what a run leaves\n"
      "and lists what is missing or of another type or width. Tables, columns and\n"
@@ -122,8 +155,20 @@ constexpr CommandSyntax kCommands[] = {
      "creates and the database lacks are listed as not installable here. Neither\n"
      "counts as a difference. Only reads: it sends nothing but Selects. With --all,\n"
      "--fleet or --retry the databases are checked as run takes them, up to --jobs\n"
-     "at once, one line each. Exit 0 when the database matches, 1 when it differs,\n"
-     "4 when it cannot be opened or read."},
+     "at once, one line each. It reads under the tool's application lock, shared:\n"
+     "beside other checks, never beside a run; with a run past --lock-wait the\n"
+     "database is busy (exit 3). Exit 0 when the database matches, 1 when it\n"
+     "differs, 4 when it cannot be opened or read."},
+    {"merge", "one invocation's folder from several: shards run on other hosts", kMergeForms,
+     "Writes a new folder, YYYYMMDD-HHMMSS-merge in DIR (default: beside the first\n"
+     "FOLDER), that holds what the invocations' folders FOLDER... hold, as if one\n"
+     "invocation had done them all: index.json with every database once, the\n"
+     "servers united and the totals counted again, index.html, junit.xml, and\n"
+     "every report, so that the folder stands alone and --retry takes it. It is\n"
+     "complete only when every folder is, and, for shards, when every part of\n"
+     "them is given. Folders of different commands, a preview with a run, and a\n"
+     "database in two folders are refused (exit 2) and nothing is written. Exit\n"
+     "0 written, 3 a file could not be copied or written."},
     {"help", "the help of zrt, or of one command", kHelpForms,
      "Prints the help of zrt, or of COMMAND: its usage, what it does and its options."},
 };
@@ -132,7 +177,7 @@ constexpr TermSyntax kExitStatuses[] = {
     {"0", "success (check: the database matches)"},
     {"1", "check: the database differs"},
     {"2", "bad usage"},
-    {"3", "statements failed unexpectedly or timed out, the run stopped part-way\n(connection lost, preview stopped), or a file could not be written"},
+    {"3", "statements failed unexpectedly, timed out or were blocked, the run\nstopped part-way (connection lost, preview stopped), another run held\nthe database (busy), or a file could not be written"},
     {"4", "nothing could be applied or read: no connection, no database"},
     {"130", "interrupted (Ctrl-C, SIGTERM, or a closed output pipe)"},
 };
@@ -232,6 +277,11 @@ QList<FormOption> formOptions(const FormSyntax &form)
         depth -= closed;
     }
     return options;
+}
+
+bool formTakesOperands(const FormSyntax &form)
+{
+    return syntaxText(form.usage).endsWith(QLatin1String("..."));
 }
 
 bool formTakes(const FormSyntax &form, const QString &name)

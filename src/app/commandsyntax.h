@@ -77,6 +77,9 @@ QList<FormOption> formOptions(const FormSyntax &form);
 
 bool formTakes(const FormSyntax &form, const QString &name);
 
+// Whether the form ends with operands, "FOLDER...", after its options.
+bool formTakesOperands(const FormSyntax &form);
+
 // Every option of the command's forms, each once, in usage order.
 QStringList commandOptions(const CommandSyntax &command);
 

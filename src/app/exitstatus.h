@@ -28,6 +28,7 @@ inline int exitStatusOf(RunOutcome outcome, const std::optional<DatabaseRunResul
     case RunOutcome::CompletedWithFailures:
     case RunOutcome::PreviewStopped:
     case RunOutcome::NotStarted: // a stop rule ended the fleet part-way
+    case RunOutcome::Busy:       // left for when the other run has ended
         return kExitFailures;
     case RunOutcome::ConnectionLost:
         return result->tally.count(StatementResult::Succeeded) == 0 ? kExitNothingDone : kExitFailures;

@@ -10,6 +10,7 @@ namespace {
 
 constexpr qint64 kRedrawMilliseconds = 100;
 constexpr char kClearLine[] = "\r\x1b[K";
+constexpr qsizetype kNameColumn = 30;
 
 } // namespace
 
@@ -92,6 +93,8 @@ void printFleetHeader(const QCommandLineParser &parser, const FleetWork &work, C
         subject = QStringLiteral("what %1 left to do, %2 servers").arg(parser.value(QStringLiteral("retry"))).arg(work.servers.size());
     else
         subject = QStringLiteral("%1, mode %2").arg(work.servers.first().target, work.servers.first().mode);
+    if (work.shard)
+        subject += QStringLiteral(", part %1 of %2").arg(work.shard->part).arg(work.shard->parts);
     QString form = work.command;
     for (const char *selector : {"all", "fleet", "retry"}) {
         if (parser.isSet(QLatin1String(selector)))
@@ -108,6 +111,17 @@ QString fleetDatabaseName(const FleetWork &work, const FleetDatabase &database)
     if (work.servers.size() == 1)
         return escapedControls(database.name);
     return escapedControls(QStringLiteral("%1 (%2)").arg(database.name, work.servers[database.server].server));
+}
+
+QString FleetDisplay::nameColumn(const FleetWork &work, const FleetRecord &fleet, qsizetype database)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_nameWidth == 0) {
+        m_nameWidth = kNameColumn;
+        for (const FleetDatabase &each : fleet.databases)
+            m_nameWidth = std::max(m_nameWidth, fleetDatabaseName(work, each).size());
+    }
+    return fleetDatabaseName(work, fleet.databases[database]).leftJustified(m_nameWidth);
 }
 
 void printFleetJson(const FleetWork &work, const FleetRecord &fleet, int status, CommandContext &context)

@@ -25,6 +25,9 @@ public:
     void ended(qsizetype database, const QString &lines, bool failed, const QString &errors = QString());
     // Leaves the terminal's line empty for what follows.
     void finish();
+    // The database as its line names it, as wide as the fleet's widest so
+    // that the columns after it line up when names carry their server.
+    QString nameColumn(const FleetWork &work, const FleetRecord &fleet, qsizetype database);
 
 private:
     void draw();
@@ -44,6 +47,7 @@ private:
     int m_failed = 0;
     std::map<qsizetype, Running> m_running; // in the listing's order
     QElapsedTimer m_sinceDrawn;
+    qsizetype m_nameWidth = 0;
 };
 
 // The first lines of a fleet command: what it works on, and its folder.

@@ -77,13 +77,16 @@ std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &c
         return std::nullopt;
     }
     FleetServers fleet{{}, reading.fleet->jobs, FleetFileOrigin{QFileInfo(path).absoluteFilePath(), reading.digest}};
+    const LockPolicy fleetLocks = withLockKeys(LockPolicy{}, reading.fleet->locks);
     for (const FleetFileServer &entry : reading.fleet->servers) {
         FleetServer server;
+        server.locks = withLockKeys(fleetLocks, entry.locks);
         server.server = entry.server;
         server.mode = entry.mode;
         server.odbcEnv = entry.odbcEnv;
         server.label = entry.label;
         server.patterns = entry.patterns;
+        server.jobs = entry.jobs.value_or(0);
         connect(server, context, statementSeconds);
         fleet.servers << server;
     }
@@ -169,7 +172,10 @@ std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandC
     QList<qsizetype> taken;
     for (const RetryServer &left : retry.servers) {
         const auto found = std::find_if(given->servers.begin(), given->servers.end(),
-                                        [&left](const FleetServer &server) { return sameServer(server.server, left.server); });
+                                        [&left](const FleetServer &server) {
+                                            return sameServer(server.server, left.server)
+                                                && (!left.server.isEmpty() || server.odbcEnv == left.odbcEnv);
+                                        });
         const qsizetype place = found - given->servers.begin();
         const QString entry = QStringLiteral("%1: servers entry %2 ('%3')").arg(folder).arg(left.entry).arg(left.server);
         if (found == given->servers.end())
@@ -191,16 +197,17 @@ std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandC
     return fleet;
 }
 
-// A whole number from 1 up given with `option`, or nothing; `ok` false when it is not one.
-std::optional<int> count(const QCommandLineParser &parser, const QString &option, QString &error)
+// A whole number from `least` up given with `option`, or nothing; `error` says so when it is not one.
+std::optional<int> count(const QCommandLineParser &parser, const QString &option, QString &error, int least = 1)
 {
-    if (!parser.isSet(option))
+    if (!parser.optionNames().contains(option))
         return std::nullopt;
     bool ok = false;
     const int value = parser.value(option).toInt(&ok);
-    if (ok && value >= 1)
+    if (ok && value >= least)
         return value;
-    error = QStringLiteral("--%1 needs a whole number from 1 up, not '%2'").arg(option, escapedControls(parser.value(option)));
+    error = QStringLiteral("--%1 needs a whole number from %2 up, not '%3'")
+                .arg(option, QString::number(least), escapedControls(parser.value(option)));
     return std::nullopt;
 }
 
@@ -237,16 +244,29 @@ std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QS
     std::optional<FleetServers> servers = checkedServers(parser, command, context, statementSeconds);
     if (!servers)
         return std::nullopt;
+    const std::optional<FleetLockKeys> locks = checkedLockOptions(parser, command, context);
+    if (!locks)
+        return std::nullopt;
     FleetWork work;
     work.command = command;
     work.servers = servers->servers;
     work.fleetFile = servers->fleetFile;
+    // Given on the command line, a value holds for every server, as --jobs does over the file's.
+    for (FleetServer &server : work.servers)
+        server.locks = withLockKeys(server.locks, *locks);
     work.limits.stop = context.stop;
+    work.limits.pause = context.pause;
     QString error;
     const std::optional<int> jobs = count(parser, QStringLiteral("jobs"), error);
     const std::optional<int> maxFailures = count(parser, QStringLiteral("max-failures"), error);
     work.limits.jobs = jobs.value_or(servers->jobs.value_or(kDefaultJobs));
     work.limits.maxFailures = maxFailures.value_or(0);
+    if (error.isEmpty() && parser.isSet(QStringLiteral("shard"))) {
+        work.shard = shardNamed(parser.value(QStringLiteral("shard")));
+        if (!work.shard)
+            error = QStringLiteral("--shard needs K/N, the K-th of N parts (1 <= K <= N), not '%1'")
+                        .arg(escapedControls(parser.value(QStringLiteral("shard"))));
+    }
     QString reportDir = parser.value(QStringLiteral("report-dir"));
     if (reportDir.isEmpty() && parser.isSet(QStringLiteral("retry")))
         reportDir = QFileInfo(QDir(parser.value(QStringLiteral("retry"))).absolutePath()).path();
@@ -264,4 +284,28 @@ std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QS
         return std::nullopt;
     }
     return work;
+}
+
+std::optional<FleetLockKeys> checkedLockOptions(const QCommandLineParser &parser, const QString &command,
+                                                CommandContext &context)
+{
+    QString error;
+    FleetLockKeys given;
+    given.lockTimeout = count(parser, QStringLiteral("lock-timeout"), error, 0);
+    if (error.isEmpty())
+        given.lockRetries = count(parser, QStringLiteral("lock-retries"), error, 0);
+    if (error.isEmpty())
+        given.lockWait = count(parser, QStringLiteral("lock-wait"), error, 0);
+    if (error.isEmpty())
+        return given;
+    context.err << "zrt " << command << ": " << error << "\n";
+    return std::nullopt;
+}
+
+LockPolicy withLockKeys(LockPolicy locks, const FleetLockKeys &given)
+{
+    locks.timeoutSeconds = given.lockTimeout.value_or(locks.timeoutSeconds);
+    locks.retries = given.lockRetries.value_or(locks.retries);
+    locks.waitSeconds = given.lockWait.value_or(locks.waitSeconds);
+    return locks;
 }

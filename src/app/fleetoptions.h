@@ -2,6 +2,7 @@
 
 #include "commandcontext.h"
 #include "fleet.h"
+#include "fleetfile.h"
 
 #include <QCommandLineParser>
 
@@ -27,3 +28,11 @@ std::optional<FleetServers> checkedServers(const QCommandLineParser &parser, con
 // printed, and no folder made.
 std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QString &command, CommandContext &context,
                                       int statementSeconds);
+
+// --lock-timeout, --lock-retries and --lock-wait, those the command takes and
+// are given; else a usage message was printed.
+std::optional<FleetLockKeys> checkedLockOptions(const QCommandLineParser &parser, const QString &command,
+                                                CommandContext &context);
+
+// `locks` with what `given` says instead.
+LockPolicy withLockKeys(LockPolicy locks, const FleetLockKeys &given);

@@ -18,7 +18,7 @@ int listCommand(const QStringList &arguments, CommandContext &context)
     const std::optional<FleetServers> fleet = checkedServers(parser, QStringLiteral("list"), context, kDefaultStatementSeconds);
     if (!fleet)
         return kExitUsage;
-    const FleetRecord listed = listFleet(fleet->servers, context.stop);
+    const FleetRecord listed = listFleet(fleet->servers, std::nullopt, context.stop);
     const bool json = parser.isSet(QStringLiteral("json"));
     // With a fleet file each name comes after its server.
     const bool named = parser.isSet(QStringLiteral("fleet"));

@@ -11,14 +11,14 @@
 
 namespace {
 
-// A database's line as it ends; a preview that ran to its end tells what a
-// run would do.
+// A database's line as it ends, its name already padded; a preview that ran
+// to its end tells what a run would do.
 QString finishedLine(const QString &database, const DatabaseRunResult &result, bool preview, bool terminal)
 {
     const RunOutcome outcome = outcomeOf(result);
     const QString start = QStringLiteral("%1  %2  ").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
-                                                        database.leftJustified(30));
-    if (outcome == RunOutcome::CouldNotStart)
+                                                        database);
+    if (outcome == RunOutcome::CouldNotStart || outcome == RunOutcome::Busy)
         return start + tinted(outcomeName(outcome), outcomeTint(outcome), terminal) + QLatin1String(": ")
             + escapedControls(result.reason)
             + (preview && result.openFailure == OpenFailure::DatabaseMissing ? QLatin1String("; a run would create it")
@@ -51,7 +51,7 @@ QString totalsLine(const AllRunsResult &all, bool preview)
         if (totals.byOutcome[outcome] > 0)
             outcomes << QStringLiteral("%1 %2").arg(totals.byOutcome[outcome]).arg(outcomeName(RunOutcome(outcome)));
     }
-    return QStringLiteral("%1 databases%2: %3; %4 statements sent, %5 failed unexpectedly or timed out\n")
+    return QStringLiteral("%1 databases%2: %3; %4 statements sent, %5 failed unexpectedly, timed out or were blocked\n")
         .arg(all.databases.size())
         .arg(preview ? QStringLiteral(" previewed, nothing kept") : QString())
         .arg(outcomes.isEmpty() ? QStringLiteral("none") : outcomes.join(QLatin1String(", ")))
@@ -98,16 +98,20 @@ int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext
         if (phase && maximum > 0)
             display.advanced(database, phaseName(*phase), 100 * value / maximum);
     };
+    std::atomic<bool> noteSaid = false;
     runs.finished = [&](const FleetRecord &fleet, qsizetype database, const DatabaseRunResult &result) {
         const RunOutcome outcome = outcomeOf(result);
         const bool failed = outcome != RunOutcome::Completed;
         QString lines;
+        // Said once: every database of an engine without application locks would say it.
+        if (!json && !result.lockNote.isEmpty() && !noteSaid.exchange(true))
+            lines = QStringLiteral("zrt %1: %2\n").arg(name, escapedControls(result.lockNote));
         if (!json && (failed || !quiet))
-            lines = finishedLine(fleetDatabaseName(runs, fleet.databases[database]), result, preview, context.outTerminal)
+            lines += finishedLine(display.nameColumn(runs, fleet, database), result, preview, context.outTerminal)
                 + (verbose ? failureLines(result) : QString());
         const QString error = result.reportError.isEmpty()
             ? QString() : QStringLiteral("zrt %1: %2\n").arg(name, escapedControls(result.reportError));
-        display.ended(database, lines, failed && outcome != RunOutcome::Interrupted, error);
+        display.ended(database, lines, failed && outcome != RunOutcome::Interrupted && outcome != RunOutcome::Busy, error);
     };
     const AllRunsResult all = runAllDatabases(runs);
     display.finish();
@@ -117,7 +121,9 @@ int runAllCommand(const QCommandLineParser &parser, bool preview, CommandContext
         return status;
     }
     printListingFailures(runs.command, runs.servers, all, context);
-    for (const auto &[left, title] : {std::pair{RunOutcome::NotDone, "Not done"}, {RunOutcome::NotStarted, "Not started"}}) {
+    for (const auto &[left, title] : {std::pair{RunOutcome::NotDone, "Not done"},
+                                      {RunOutcome::NotStarted, "Not started"},
+                                      {RunOutcome::Busy, "Busy, held by another run"}}) {
         QStringList names;
         for (qsizetype i = 0; i < all.databases.size(); ++i) {
             if (fleetOutcome(all, i) == left)

@@ -51,7 +51,7 @@ QString outcomeDetail(const DatabaseRunResult &result, bool reported)
     case RunOutcome::Completed:
         return QStringLiteral(": %1 statements, none failed unexpectedly").arg(tally.sent());
     case RunOutcome::CompletedWithFailures:
-        return QStringLiteral(": %1 of %2 statements failed unexpectedly or timed out").arg(tally.unexpected()).arg(tally.sent());
+        return QStringLiteral(": %1 of %2 statements failed unexpectedly, timed out or were blocked").arg(tally.unexpected()).arg(tally.sent());
     case RunOutcome::NothingApplied:
         return QStringLiteral(": none of %1 statements succeeded").arg(tally.sent());
     case RunOutcome::ConnectionLost:
@@ -109,7 +109,9 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     const bool quiet = parser.isSet(QStringLiteral("quiet"));
 
     const std::optional<int> statementSeconds = checkedStatementSeconds(parser, command.name, context);
-    if (!statementSeconds)
+    const std::optional<FleetLockKeys> locks =
+        statementSeconds ? checkedLockOptions(parser, command.name, context) : std::nullopt;
+    if (!locks)
         return kExitUsage;
     DatabaseRun run{choice->mode, choice->server, choice->database, targetName(parser, choice->mode),
                     chosenConnections(parser, context, *statementSeconds)};
@@ -123,6 +125,8 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
         };
     run.stop = context.stop;
     run.preview = command.preview;
+    run.locks = withLockKeys(LockPolicy{}, *locks);
+    run.pause = context.pause;
 
     const QDateTime started = QDateTime::currentDateTime();
     if (!json) {
@@ -143,13 +147,17 @@ int runOne(const QCommandLineParser &parser, const Command &command, CommandCont
     }
     if (run.progress)
         context.err << "\n";
+    if (!result.lockNote.isEmpty()) // under the header: nothing else was printed there during the run
+        context.out << "zrt " << command.name << ": " << escapedControls(result.lockNote) << "\n";
     const bool missing = result.openFailure == OpenFailure::DatabaseMissing;
     if (outcome == RunOutcome::CouldNotStart && command.preview && missing) {
         context.err << wouldBeCreated(run, result.reason);
-    } else if (outcome == RunOutcome::CouldNotStart) {
+    } else if (outcome == RunOutcome::CouldNotStart || outcome == RunOutcome::Busy) {
         context.err << "zrt " << command.name << ": " << tinted(outcomeName(outcome), outcomeTint(outcome), context.terminal)
                     << ": " << escapedControls(result.reason)
-                    << (missing && !run.createAt ? "; give --create-at FILEBASE to create it" : "") << "\n";
+                    << (missing && !run.createAt ? "; give --create-at FILEBASE to create it" : "")
+                    << (outcome == RunOutcome::Busy ? "; nothing was sent: run it again once that run has ended" : "")
+                    << "\n";
     } else {
         if (!quiet && result.preview)
             context.out << result.preview->lines(result.tally).join(QLatin1Char('\n')) << "\n";

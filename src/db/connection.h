@@ -30,6 +30,9 @@ public:
     // From another thread: asks the statement under way, if any, to end now
     // as failed. Where nothing can be asked, nothing happens.
     virtual void cancel() {}
+    // The database engine as its driver names it once open ("Microsoft SQL
+    // Server", "SQLite"); empty when it does not say.
+    virtual QString engine() const { return QString(); }
 };
 
 using ConnectionFactory = std::function<std::unique_ptr<Connection>()>;

@@ -129,6 +129,18 @@ bool OdbcConnection::inCatalog(const QString &catalog, bool namedAtLogin) const
         && supported[0] == u'N';
 }
 
+QString OdbcConnection::engine() const
+{
+    if (!m_session)
+        return QString();
+    SQLWCHAR name[128] = {};
+    SQLSMALLINT bytes = 0;
+    if (!SQL_SUCCEEDED(SQLGetInfoW(m_session->connection.get(), SQL_DBMS_NAME, name, sizeof name, &bytes)))
+        return QString();
+    return QString::fromUtf16(reinterpret_cast<const char16_t *>(name),
+                              std::min<qsizetype>(bytes / qsizetype(sizeof(SQLWCHAR)), std::size(name) - 1));
+}
+
 DbStatus OdbcConnection::execute(const QString &sql)
 {
     return m_session ? run(sql, m_timeouts.statementSeconds, nullptr) : notOpen();

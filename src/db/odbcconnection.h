@@ -33,6 +33,7 @@ public:
     DbStatus close() override;
     bool isOpen() const override { return m_session != nullptr; }
     void cancel() override;
+    QString engine() const override;
 
 private:
     struct Session;

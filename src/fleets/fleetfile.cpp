@@ -15,8 +15,9 @@
 
 namespace {
 
-constexpr std::array<std::string_view, 2> kFleetKeys = {"jobs", "server"};
-constexpr std::array<std::string_view, 6> kServerKeys = {"server", "mode", "odbc_env", "label", "include", "exclude"};
+constexpr std::array<std::string_view, 5> kFleetKeys = {"jobs", "server", "lock_timeout", "lock_retries", "lock_wait"};
+constexpr std::array<std::string_view, 10> kServerKeys = {"server", "mode",         "odbc_env",     "label",    "include",
+                                                          "exclude", "jobs", "lock_timeout", "lock_retries", "lock_wait"};
 
 QString text(std::string_view view)
 {
@@ -72,6 +73,28 @@ std::optional<Fault> readTexts(const toml::table &table, std::string_view key, Q
     return std::nullopt;
 }
 
+std::optional<Fault> readCount(const toml::table &table, std::string_view key, int least, std::optional<int> &into)
+{
+    const toml::node *node = table.get(key);
+    if (!node)
+        return std::nullopt;
+    const std::optional<int64_t> value = node->value_exact<int64_t>();
+    if (!value || *value < least || *value > std::numeric_limits<int>::max())
+        return Fault{lineOf(node->source()), text(key), QStringLiteral("must be a whole number from %1 up").arg(least)};
+    into = int(*value);
+    return std::nullopt;
+}
+
+std::optional<Fault> readLockKeys(const toml::table &table, FleetLockKeys &into)
+{
+    std::optional<Fault> fault = readCount(table, "lock_timeout", 0, into.lockTimeout);
+    if (!fault)
+        fault = readCount(table, "lock_retries", 0, into.lockRetries);
+    if (!fault)
+        fault = readCount(table, "lock_wait", 0, into.lockWait);
+    return fault;
+}
+
 std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileServer> &earlier,
                                 const FleetServerCheck &check, FleetFileServer &server)
 {
@@ -89,6 +112,10 @@ std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileS
         fault = readTexts(table, "include", server.patterns.include);
     if (!fault)
         fault = readTexts(table, "exclude", server.patterns.exclude);
+    if (!fault)
+        fault = readCount(table, "jobs", 1, server.jobs);
+    if (!fault)
+        fault = readLockKeys(table, server.locks);
     if (fault)
         return fault;
     if (const std::optional<FleetRefusal> refusal = check(server)) {
@@ -110,12 +137,10 @@ std::optional<Fault> readFleet(const toml::table &root, const FleetServerCheck &
 {
     if (std::optional<Fault> fault = unknownKey(root, kFleetKeys))
         return fault;
-    if (const toml::node *jobs = root.get("jobs")) {
-        const std::optional<int64_t> value = jobs->value_exact<int64_t>();
-        if (!value || *value < 1 || *value > std::numeric_limits<int>::max())
-            return Fault{lineOf(jobs->source()), QStringLiteral("jobs"), QStringLiteral("must be a whole number from 1 up")};
-        fleet.jobs = int(*value);
-    }
+    if (std::optional<Fault> fault = readCount(root, "jobs", 1, fleet.jobs))
+        return fault;
+    if (std::optional<Fault> fault = readLockKeys(root, fleet.locks))
+        return fault;
     const toml::array *servers = root["server"].as_array();
     if (!servers || servers->empty() || !servers->is_homogeneous(toml::node_type::table))
         return Fault{servers ? lineOf(servers->source()) : 1, QStringLiteral("server"),

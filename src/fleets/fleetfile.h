@@ -8,6 +8,14 @@
 #include <functional>
 #include <optional>
 
+// lock_timeout, lock_retries and lock_wait, where the file gives them.
+struct FleetLockKeys
+{
+    std::optional<int> lockTimeout;
+    std::optional<int> lockRetries;
+    std::optional<int> lockWait;
+};
+
 // One [[server]] of a fleet file, as written there.
 struct FleetFileServer
 {
@@ -18,11 +26,14 @@ struct FleetFileServer
     NamePatterns patterns;
     QString reach;   // the data source its connections reach, as the check gives it
     int line = 0;    // of its [[server]] table
+    std::optional<int> jobs; // at most so many of its databases at once
+    FleetLockKeys locks; // over the file's own
 };
 
 struct FleetFile
 {
     std::optional<int> jobs;
+    FleetLockKeys locks;
     QList<FleetFileServer> servers;
 };
 
@@ -46,7 +57,9 @@ struct FleetFileReading
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
 // mode, server (optional beside odbc_env), and optional odbc_env, label,
-// include and exclude. An unknown or missing key, a value of the wrong type,
-// a pattern that is none and two servers that reach one are errors, as is
-// whatever `check` refuses; the check gives each server its reach.
+// include, exclude and jobs (from 1); lock_timeout, lock_retries and
+// lock_wait (from 0) at the top and in each [[server]]. An unknown or missing
+// key, a value of the wrong type, a pattern that is none and two servers that
+// reach one are errors, as is whatever `check` refuses; the check gives each
+// server its reach.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

@@ -86,21 +86,28 @@ bool MaintenanceRun::walk(std::span<const Step> steps)
 
 void MaintenanceRun::ExecuteIgnoringErrors(const QString &sql)
 {
-    QElapsedTimer timer;
-    timer.start();
-    const DbStatus status = m_module.SharedConnection().execute(sql);
-    m_host.statementExecuted({m_phase, m_action, sql, status, timer.nsecsElapsed()});
+    sendTold(m_action, sql, [&] { return m_module.SharedConnection().execute(sql); });
 }
 
 bool MaintenanceRun::QueryReturnsNoRows(const QString &select, ResultSet &into)
 {
-    QElapsedTimer timer;
-    timer.start();
     // A failing Select leaves the variable's earlier result set in place.
-    const DbStatus status = m_module.SharedConnection().query(select, into);
-    m_host.statementExecuted({m_phase, Action::ExistenceTest, select, status, timer.nsecsElapsed()});
+    sendTold(Action::ExistenceTest, select, [&] { return m_module.SharedConnection().query(select, into); });
     // A failing end test counts as no row, so the guarded insert is tried.
     return into.atEnd().value_or(true);
+}
+
+void MaintenanceRun::sendTold(Action action, const QString &text, const std::function<DbStatus()> &send)
+{
+    StatementOutcome outcome{m_phase, action, text, {}, 0, 0};
+    do {
+        QElapsedTimer timer;
+        timer.start();
+        outcome.status = send();
+        outcome.nanoseconds += timer.nsecsElapsed();
+        ++outcome.tries;
+    } while (m_host.sendAgain(outcome));
+    m_host.statementExecuted(outcome);
 }
 
 void MaintenanceRun::tellPhase()

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <span>
 
@@ -52,6 +53,8 @@ private:
     // False when the host asked to stop.
     bool walk(std::span<const Step> steps);
     ResultSet &recordset(Recordset which);
+    // Sends by `send` as often as the host asks, then tells the host.
+    void sendTold(Action action, const QString &text, const std::function<DbStatus()> &send);
     // Tells the host of m_phase when its first statement is about to be sent.
     void tellPhase();
 

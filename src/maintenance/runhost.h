@@ -22,7 +22,8 @@ struct StatementOutcome
     Action action = Action::ExistenceTest;
     QString text;
     DbStatus status;
-    qint64 nanoseconds = 0;
+    qint64 nanoseconds = 0; // its sends together, without the pauses between them
+    int tries = 1;          // how often it was sent
 };
 
 // What the run drives: the window, or the command line in its place. The run
@@ -49,6 +50,10 @@ public:
     virtual bool goOnAfterOpening() { return true; }
     // Before the first statement of each phase; the window shows no phase.
     virtual void phaseStarted(Phase) {}
+    // Asked after each answer, before the statement counts: true to send it
+    // again, in its place, once the host has paused as it sees fit. The
+    // window takes every answer as it comes.
+    virtual bool sendAgain(const StatementOutcome &) { return false; }
     virtual void statementExecuted(const StatementOutcome &) {}
     // Asked before each statement; the window never stops a run.
     virtual bool stopRequested() const { return false; }

@@ -42,6 +42,7 @@ public:
         return m_connection->close();
     }
     bool isOpen() const override { return m_connection->isOpen(); }
+    QString engine() const override { return m_connection->engine(); }
 
 private:
     std::unique_ptr<Connection> m_connection;

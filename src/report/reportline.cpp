@@ -29,6 +29,8 @@ QByteArray reportLine(int index, const StatementOutcome &outcome, const QDateTim
         {QStringLiteral("message"), outcome.status.message},
         {QStringLiteral("milliseconds"), double(outcome.nanoseconds) / 1e6},
     };
+    if (outcome.tries > 1)
+        line.insert(QStringLiteral("tries"), outcome.tries);
     if (const QString table = missingSourceTable(outcome); !table.isEmpty())
         line.insert(QStringLiteral("missingTable"), table);
     return jsonLine(line);

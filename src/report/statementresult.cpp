@@ -46,6 +46,8 @@ StatementResult classify(const StatementOutcome &outcome)
         return StatementResult::Succeeded;
     if (outcome.status.timedOut)
         return StatementResult::TimedOut;
+    if (outcome.status.nativeError == kLockRequestTimedOut)
+        return StatementResult::Blocked;
     const int number = outcome.status.nativeError;
     const QString &message = outcome.status.message;
     if (number == kObjectExists || number == kColumnExists || number == kDatabaseExists
@@ -73,6 +75,8 @@ QString resultName(StatementResult result)
         return QStringLiteral("source table missing");
     case StatementResult::TimedOut:
         return QStringLiteral("timed out");
+    case StatementResult::Blocked:
+        return QStringLiteral("blocked");
     case StatementResult::Failed:
         return QStringLiteral("failed");
     }

@@ -29,8 +29,8 @@ void StatementTally::add(const StatementOutcome &outcome)
     if (result == StatementResult::SourceTableMissing)
         m_missingSources.append({createdViewName(outcome.text), missingSourceTable(outcome)});
     if (isUnexpected(result)) {
-        const QString message = result == StatementResult::TimedOut
-            ? QLatin1String("timed out: ") + outcome.status.message : outcome.status.message;
+        const QString message = result == StatementResult::Failed
+            ? outcome.status.message : resultName(result) + QLatin1String(": ") + outcome.status.message;
         if (!m_groupOf.contains(message)) {
             m_groupOf.insert(message, m_groups.size());
             m_groups.append({message, {}});
@@ -99,6 +99,7 @@ QString StatementTally::summary(bool verbose, bool reported) const
     line(QStringLiteral("  refused, not there to drop:"), count(StatementResult::NotThereToDrop));
     line(QStringLiteral("  refused, source table missing:"), count(StatementResult::SourceTableMissing));
     line(QStringLiteral("  timed out:"), count(StatementResult::TimedOut));
+    line(QStringLiteral("  blocked (locks held elsewhere):"), count(StatementResult::Blocked));
     line(QStringLiteral("  failed for another reason:"), count(StatementResult::Failed));
     line(QStringLiteral("Columns added:"), m_columnsAdded);
     line(QStringLiteral("Views created:"), m_viewsCreated);

@@ -20,7 +20,7 @@ struct FailureGroup
         Phase phase;
         QString text;
     };
-    QString message; // a timed-out statement's marked as such
+    QString message; // a timed-out or blocked statement's marked as such
     QList<Statement> statements;
 };
 
@@ -51,7 +51,10 @@ public:
 
     int sent() const { return m_sent; }
     int count(StatementResult result) const { return m_byResult[int(result)]; }
-    int unexpected() const { return count(StatementResult::TimedOut) + count(StatementResult::Failed); }
+    int unexpected() const
+    {
+        return count(StatementResult::TimedOut) + count(StatementResult::Blocked) + count(StatementResult::Failed);
+    }
     int columnsAdded() const { return m_columnsAdded; }
     int viewsCreated() const { return m_viewsCreated; }
     int builtInRowsWritten() const { return m_builtInRows; }
@@ -70,7 +73,7 @@ public:
     QString summary(bool verbose, bool reported) const;
     // Counts, failures by message and the views refused for a missing table.
     QJsonObject json() const;
-    // The first `shown` statements that failed unexpectedly or timed out, in
+    // The first `shown` statements that failed unexpectedly, timed out or were blocked, in
     // the order they were sent: number, phase, message and first line.
     QJsonArray failedStatements(qsizetype shown) const;
 

@@ -17,6 +17,8 @@ DatabaseRunResult runOne(const AllRuns &runs, const AllRunsResult &all, qsizetyp
     const FleetServer &server = runs.servers[all.databases[database].server];
     DatabaseRun run{server.mode, server.server, all.databases[database].name, server.target, server.connections,
                     std::nullopt, nullptr, {}, runs.limits.stop, runs.preview};
+    run.locks = server.locks;
+    run.pause = runs.limits.pause;
     if (runs.progress)
         run.progress = [&runs, database](std::optional<Phase> phase, int value, int maximum) {
             runs.progress(database, phase, value, maximum);
@@ -80,7 +82,8 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
         if (runs.finished)
             runs.finished(all, database, result);
         const RunOutcome outcome = outcomeOf(result);
-        return outcome != RunOutcome::Completed && outcome != RunOutcome::Interrupted;
+        // Another run's lock says nothing of this database: it is no failure.
+        return outcome != RunOutcome::Completed && outcome != RunOutcome::Interrupted && outcome != RunOutcome::Busy;
     };
     const auto entry = [&](qsizetype database) {
         const std::optional<DatabaseRunResult> result = resultNow(all, database);

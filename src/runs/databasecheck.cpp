@@ -1,5 +1,6 @@
 #include "databasecheck.h"
 
+#include "applicationlock.h"
 #include "connectionprofiles.h"
 #include "mdzrt.h"
 #include "odbckeywords.h"
@@ -26,24 +27,47 @@ QJsonArray columnsJson(const QList<ColumnFinding> &findings)
 } // namespace
 
 DatabaseCheckResult checkDatabase(const QString &mode, const QString &server, const QString &database,
-                                  const QString &target, const ConnectionFactory &connections)
+                                  const QString &target, const ConnectionFactory &connections, int lockWaitSeconds)
 {
     mdZRT module(connections, ConnectionProfiles::runDataSource(mode, server), mdZRT::Fallback::SameServerAndLogin);
     module.OpenConnection(mode, server, database);
     if (const QString notOpen = whyNotOpen(module, target, database); !notOpen.isEmpty())
         return {std::nullopt, notOpen};
+    Connection &connection = module.SharedConnection();
+    DatabaseCheckResult result;
+    const LockTaking taking = takeApplicationLock(connection, LockMode::Shared, lockWaitSeconds);
+    switch (taking.kind) {
+    case LockTaking::Kind::Held:
+        result.busy = true;
+        result.error = QStringLiteral("another run holds %1").arg(database);
+        return result;
+    case LockTaking::Kind::Failed:
+        result.error = withoutPasswords(QStringLiteral("cannot take the application lock on '%1': %2").arg(database, taking.detail));
+        return result;
+    case LockTaking::Kind::NoApplicationLocks:
+        result.lockNote = QStringLiteral("%1 has no application locks: no lock keeps a run off '%2' while it is read")
+                              .arg(taking.detail, database);
+        break;
+    case LockTaking::Kind::Taken:
+        break;
+    }
     DatabaseSchema found;
-    const DbStatus read = readDatabaseSchema(module.SharedConnection(), found);
+    const DbStatus read = readDatabaseSchema(connection, found);
+    if (taking.kind == LockTaking::Kind::Taken)
+        releaseApplicationLock(connection);
     if (!read.ok)
-        return {std::nullopt,
-                withoutPasswords(QStringLiteral("cannot read the catalogue of '%1': %2").arg(database, read.message))};
-    return {schemaDrift(whatARunLeaves(), found), QString()};
+        result.error = withoutPasswords(QStringLiteral("cannot read the catalogue of '%1': %2").arg(database, read.message));
+    else
+        result.drift = schemaDrift(whatARunLeaves(), found);
+    return result;
 }
 
 CheckOutcome checkOutcomeOf(const std::optional<DatabaseCheckResult> &result)
 {
     if (!result)
         return CheckOutcome::NotDone;
+    if (result->busy)
+        return CheckOutcome::Busy;
     if (!result->drift)
         return CheckOutcome::CouldNotBeRead;
     return result->drift->differences() == 0 ? CheckOutcome::Matches : CheckOutcome::Differs;
@@ -58,6 +82,8 @@ QString checkOutcomeName(CheckOutcome outcome)
         return QStringLiteral("differs");
     case CheckOutcome::CouldNotBeRead:
         return QStringLiteral("could not be read");
+    case CheckOutcome::Busy:
+        return QStringLiteral("busy");
     case CheckOutcome::NotDone:
         return QStringLiteral("not done");
     case CheckOutcome::NotStarted:
@@ -71,6 +97,8 @@ QJsonObject checkJson(const std::optional<DatabaseCheckResult> &result)
     QJsonObject json{{QStringLiteral("outcome"), checkOutcomeName(checkOutcomeOf(result))}};
     if (!result)
         return json;
+    if (!result->lockNote.isEmpty())
+        json.insert(QStringLiteral("lockNote"), result->lockNote);
     if (!result->drift) {
         json.insert(QStringLiteral("error"), result->error);
         return json;
@@ -106,14 +134,15 @@ AllChecksResult checkAllDatabases(const AllChecks &checks)
     const auto one = [&](qsizetype database) {
         const FleetServer &server = checks.servers[all.databases[database].server];
         const DatabaseCheckResult result =
-            checkDatabase(server.mode, server.server, all.databases[database].name, server.target, server.connections);
+            checkDatabase(server.mode, server.server, all.databases[database].name, server.target, server.connections,
+                          server.locks.waitSeconds);
         {
             const QMutexLocker lock(&recording);
             all.results[database] = result;
         }
         if (checks.finished)
             checks.finished(all, database, result);
-        return !result.drift.has_value();
+        return !result.drift.has_value() && !result.busy;
     };
     const auto entry = [&](qsizetype database) {
         QJsonObject json = checkJson(all.results[database]);

@@ -32,6 +32,9 @@ public:
     const StatementTally &tally() const { return m_tally; }
     const std::optional<PreviewFindings> &findings() const { return m_findings; }
     const std::optional<RunStop> &cut() const { return m_cut; }
+    bool busy() const { return m_busy; }
+    const QString &refusal() const { return m_refusal; }
+    const QString &lockNote() const { return m_lockNote; }
 
     QString notOpen() const { return whyNotOpen(m_module, m_run.target, m_run.database); }
 
@@ -59,16 +62,28 @@ public:
     // Never into the fallback on tempdb, nor into a connection never opened.
     bool goOnAfterOpening() override
     {
-        if (!notOpen().isEmpty())
+        if (!notOpen().isEmpty() || (m_run.locks && !guarded()))
             return false;
         if (m_run.preview) // inside the preview's transaction, before its first statement
             m_findings.emplace(readDatabaseBefore(m_module.SharedConnection()));
         return true;
     }
+    // Only a refusal of its locks is tried again, and a preview's only inside its transaction.
+    bool sendAgain(const StatementOutcome &outcome) override
+    {
+        if (!m_run.locks || outcome.status.nativeError != kLockRequestTimedOut || outcome.tries > m_run.locks->retries
+            || stopRequested()
+            || (m_findings && transactionState(m_module.SharedConnection()) != TransactionState::Open))
+            return false;
+        const std::chrono::milliseconds pause = retryPause(outcome.tries);
+        return (m_run.pause ? m_run.pause(pause) : pauseUnlessStopped(pause, m_run.stop)) && !stopRequested();
+    }
     void statementExecuted(const StatementOutcome &outcome) override
     {
         StatementOutcome masked = outcome;
-        masked.status.message = withoutPasswords(outcome.status.message);
+        if (classify(outcome) == StatementResult::Blocked)
+            masked.status.message += QLatin1String("; ") + lockHolders(m_module.SharedConnection());
+        masked.status.message = withoutPasswords(masked.status.message);
         m_tally.add(masked);
         if (m_findings)
             m_findings->add(masked);
@@ -81,7 +96,43 @@ public:
     }
     bool stopRequested() const override { return m_cut || (m_run.stop && m_run.stop->load()); }
 
+    // A stopped run sends nothing more: its session's end lets the lock go.
+    void releaseLock()
+    {
+        if (m_locked && m_module.SharedConnection().isOpen() && !stopRequested())
+            releaseApplicationLock(m_module.SharedConnection());
+    }
+
 private:
+    // One run per database, and no statement waiting long on users' locks.
+    bool guarded()
+    {
+        Connection &connection = m_module.SharedConnection();
+        const LockTaking taking = takeApplicationLock(connection, LockMode::Exclusive, m_run.locks->waitSeconds);
+        switch (taking.kind) {
+        case LockTaking::Kind::NoApplicationLocks:
+            m_lockNote = QStringLiteral("%1 has no application locks: no lock keeps a second run off '%2', and no "
+                                        "lock timeout is set")
+                             .arg(taking.detail, m_run.database);
+            return true;
+        case LockTaking::Kind::Held:
+            m_busy = true;
+            m_refusal = QStringLiteral("another run holds %1").arg(m_run.database);
+            return false;
+        case LockTaking::Kind::Failed:
+            m_refusal = withoutPasswords(QStringLiteral("cannot take the application lock on '%1': %2").arg(m_run.database, taking.detail));
+            return false;
+        case LockTaking::Kind::Taken:
+            break;
+        }
+        m_locked = true;
+        if (const DbStatus set = setLockTimeout(connection, m_run.locks->timeoutSeconds); !set.ok) {
+            m_refusal = withoutPasswords(QStringLiteral("cannot set the lock timeout: ") + set.message);
+            return false;
+        }
+        return true;
+    }
+
     // A failure may have ended the transaction; once it has, or once that
     // cannot be told, anything sent would be applied for good.
     void checkPreviewTransaction()
@@ -105,6 +156,10 @@ private:
     std::optional<PreviewFindings> m_findings;
     std::optional<RunStop> m_cut;
     std::optional<Phase> m_phase;
+    bool m_locked = false;
+    bool m_busy = false;
+    QString m_refusal; // why the run may not begin once opened
+    QString m_lockNote;
     int m_value = 0;
     int m_maximum = 0;
 };
@@ -115,6 +170,8 @@ RunOutcome outcomeOf(const std::optional<DatabaseRunResult> &result)
 {
     if (!result)
         return RunOutcome::NotDone;
+    if (result->busy)
+        return RunOutcome::Busy;
     switch (result->end) {
     case RunEnd::NotOpened:
         return RunOutcome::CouldNotStart;
@@ -152,6 +209,8 @@ QString outcomeName(RunOutcome outcome)
         return QStringLiteral("preview stopped");
     case RunOutcome::CouldNotStart:
         return QStringLiteral("could not start");
+    case RunOutcome::Busy:
+        return QStringLiteral("busy");
     case RunOutcome::Interrupted:
         return QStringLiteral("interrupted");
     case RunOutcome::NotDone:
@@ -182,6 +241,8 @@ QJsonObject runJson(const std::optional<DatabaseRunResult> &result)
     json.insert(QStringLiteral("seconds"), result->seconds);
     if (!result->reason.isEmpty())
         json.insert(QStringLiteral("reason"), result->reason);
+    if (!result->lockNote.isEmpty())
+        json.insert(QStringLiteral("lockNote"), result->lockNote);
     if (result->stop) {
         json.insert(QStringLiteral("stoppedAfter"), result->stop->afterStatement);
         json.insert(QStringLiteral("stopReason"), result->stop->detail);
@@ -224,7 +285,10 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
     MaintenanceRun maintenance(module, host, recordsets);
     const Steps steps = maintenanceSteps();
     result.end = maintenance.run({run.mode, run.server, run.database}, steps);
+    host.releaseLock();
     result.tally = host.tally();
+    result.busy = host.busy();
+    result.lockNote = host.lockNote();
     result.preview = host.findings();
     if (!module.ConnectionOpened())
         result.openFailure = openFailureOf(module.openFailure());
@@ -236,7 +300,7 @@ DatabaseRunResult runDatabase(const DatabaseRun &run)
         result.notSent = maintenance.notSent();
     }
     if (result.end == RunEnd::NotOpened)
-        result.reason = host.notOpen();
+        result.reason = host.refusal().isEmpty() ? host.notOpen() : host.refusal();
     if (result.end == RunEnd::Stopped)
         result.stop = host.cut().value_or(RunStop{StopCause::Interrupted, host.tally().sent(), QString()});
     result.seconds = double(timer.nsecsElapsed()) / 1e9;

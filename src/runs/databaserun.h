@@ -1,5 +1,6 @@
 #pragma once
 
+#include "applicationlock.h"
 #include "connection.h"
 #include "maintenancerun.h"
 #include "openfailure.h"
@@ -37,6 +38,10 @@ struct DatabaseRun
     // Opened for writing: the run as a JUnit test suite, committed when the
     // run ends, however it ends.
     OutputFile *junit = nullptr;
+    // Without it the run is sent as the window sends it: no application
+    // lock, no lock timeout, every statement once.
+    std::optional<LockPolicy> locks = LockPolicy{};
+    Pause pause; // between tries of a statement refused its locks; empty: waits, ending at once on `stop`
 };
 
 // Why a run that had begun ended before its last statement.
@@ -60,6 +65,8 @@ struct DatabaseRunResult
     QDateTime started;
     double seconds = 0;
     QString reason; // why the run could not start
+    bool busy = false; // another run held the database: nothing was sent
+    QString lockNote;  // why the run took no application lock
     std::optional<OpenFailure> openFailure; // what the driver said of the database's open, when it failed
     std::optional<RunStop> stop;            // why it ended early
     int notSent = 0;                        // what a stop left unsent, as a new database would receive it
@@ -76,6 +83,7 @@ enum class RunOutcome {
     ConnectionLost,
     PreviewStopped,
     CouldNotStart,
+    Busy, // another run holds the database
     Interrupted,
     NotDone,
     NotStarted, // kept from starting by --max-failures
@@ -90,7 +98,8 @@ QJsonObject runContext(const DatabaseRun &run, const QDateTime &started);
 // The outcome, times, reason and counts; nothing for a run never started.
 QJsonObject runJson(const std::optional<DatabaseRunResult> &result);
 
-// Stops before sending anything when no connection serves the database; a
+// Stops before sending anything when no connection serves the database, or
+// when another run holds its application lock; a
 // database that is missing is created only at `createAt`, and never by a
 // preview. A lost connection ends the run, and so does a preview's
 // transaction that has ended or whose state cannot be read: nothing is sent

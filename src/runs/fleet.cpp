@@ -6,43 +6,63 @@
 #include "lastwords.h"
 #include "printabletext.h"
 
+#include <QWaitCondition>
+
 #include <thread>
 
 namespace {
 
-// Takes the databases in order on up to `jobs` threads; the stop rules are
-// asked before each start.
+// Takes the databases in order on up to `jobs` threads, skipping past those
+// whose server is at its own limit so that it never idles the others; the
+// stop rules are asked before each start.
 void runScheduled(const FleetWork &work, FleetRecord &fleet, QMutex &mutex, const std::function<bool(qsizetype)> &one)
 {
     const FleetLimits &limits = work.limits;
     std::vector<DatabaseState> &states = fleet.states;
-    qsizetype next = 0;
+    const qsizetype count = qsizetype(states.size());
+    std::vector<int> running(work.servers.size());
+    QWaitCondition roomMade;
+    qsizetype first = 0; // none before it waits
     int failures = 0;
+    const auto hasRoom = [&](qsizetype database) {
+        const qsizetype server = fleet.databases[database].server;
+        return work.servers[server].jobs == 0 || running[server] < work.servers[server].jobs;
+    };
     const auto worker = [&] {
+        QMutexLocker lock(&mutex);
         for (;;) {
-            qsizetype database = 0;
-            {
-                const QMutexLocker lock(&mutex);
-                if ((limits.stop && limits.stop->load()) || next == qsizetype(states.size()))
-                    return;
-                if (limits.maxFailures > 0 && failures >= limits.maxFailures) {
-                    for (; next < qsizetype(states.size()); ++next)
-                        states[next] = DatabaseState::NotStarted;
-                    return;
-                }
-                database = next++;
-                states[database] = DatabaseState::Running;
+            while (first < count && states[first] != DatabaseState::Waiting)
+                ++first;
+            if ((limits.stop && limits.stop->load()) || first == count)
+                return;
+            if (limits.maxFailures > 0 && failures >= limits.maxFailures) {
+                for (qsizetype i = first; i < count; ++i)
+                    states[i] = states[i] == DatabaseState::Waiting ? DatabaseState::NotStarted : states[i];
+                return;
             }
+            qsizetype database = first;
+            while (database < count && (states[database] != DatabaseState::Waiting || !hasRoom(database)))
+                ++database;
+            if (database == count) {
+                // Every server with databases left is at its limit: one of theirs ends first.
+                roomMade.wait(&mutex);
+                continue;
+            }
+            states[database] = DatabaseState::Running;
+            ++running[fleet.databases[database].server];
+            lock.unlock();
             if (work.started)
                 work.started(fleet, database);
             const bool failed = one(database);
-            const QMutexLocker lock(&mutex);
+            lock.relock();
             states[database] = DatabaseState::Ended;
+            --running[fleet.databases[database].server];
             failures += failed ? 1 : 0;
+            roomMade.wakeAll();
         }
     };
     std::vector<std::thread> workers;
-    for (int i = 0; i < limits.jobs && i < qsizetype(states.size()); ++i)
+    for (int i = 0; i < limits.jobs && i < count; ++i)
         workers.emplace_back(worker);
     for (std::thread &thread : workers)
         thread.join();
@@ -57,7 +77,8 @@ QString listingTarget(const FleetServer &server)
     return server.target;
 }
 
-FleetRecord listFleet(const QList<FleetServer> &servers, const std::atomic<bool> *stop)
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard,
+                      const std::atomic<bool> *stop)
 {
     FleetRecord fleet;
     fleet.started = QDateTime::currentDateTime();
@@ -68,7 +89,7 @@ FleetRecord listFleet(const QList<FleetServer> &servers, const std::atomic<bool>
         const auto add = [&](const QString &name) {
             if (const QString refusal = databaseNameRefusal(name); !refusal.isEmpty())
                 refused << QStringLiteral("'%1': %2").arg(escapedControls(name), refusal);
-            else if (from.patterns.admits(name))
+            else if (from.patterns.admits(name) && (!shard || inShard(*shard, from.server, name)))
                 listed << name;
         };
         ListingOutcome listing;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "applicationlock.h"
 #include "connection.h"
 #include "databaselisting.h"
+#include "fleetshard.h"
 #include "namepatterns.h"
 
 #include <QDateTime>
@@ -27,6 +29,8 @@ struct FleetServer
     int statementSeconds = 30; // what its connections give each statement, its listing's included
     NamePatterns patterns;
     std::optional<QStringList> databases; // of these, those the server still lists (a retry)
+    int jobs = 0; // at most so many of its databases at once; 0: only the fleet's limit
+    LockPolicy locks;
 };
 
 // The fleet file an invocation's servers came from, as the index names it.
@@ -55,6 +59,7 @@ struct FleetLimits
     int jobs = kDefaultJobs;
     int maxFailures = 0; // 0: no limit
     const std::atomic<bool> *stop = nullptr;
+    Pause pause; // between tries of a statement refused its locks; empty: as a run waits
 };
 
 enum class DatabaseState { Waiting, Running, Ended, NotStarted };
@@ -68,6 +73,7 @@ struct FleetWork
     bool preview = false;
     QList<FleetServer> servers;
     std::optional<FleetFileOrigin> fleetFile;
+    std::optional<FleetShard> shard; // only this part of the servers' databases
     FleetLimits limits;
     std::optional<QString> folder; // this invocation's: reports, index.json and index.html
     std::function<void(const FleetRecord &fleet, qsizetype database)> started; // on the database's thread
@@ -92,16 +98,18 @@ struct FleetResults : FleetRecord
 };
 
 // The servers' databases in turn, each server's as it lists them (for a
-// retry, those of its names it still lists) and its patterns admit, with
-// their report files' names; a listed name that is none is refused. Once
-// `stop` is set no server is listed and the listing under way ends.
-FleetRecord listFleet(const QList<FleetServer> &servers, const std::atomic<bool> *stop);
+// retry, those of its names it still lists) and its patterns and the shard
+// admit, with their report files' names; a listed name that is none is
+// refused. Once `stop` is set no server is listed and the listing under way
+// ends.
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard,
+                      const std::atomic<bool> *stop);
 
 template <typename Result>
 FleetResults<Result> listedFleet(const FleetWork &work)
 {
     FleetResults<Result> fleet;
-    static_cast<FleetRecord &>(fleet) = listFleet(work.servers, work.limits.stop);
+    static_cast<FleetRecord &>(fleet) = listFleet(work.servers, work.shard, work.limits.stop);
     fleet.results.resize(fleet.databases.size());
     return fleet;
 }
@@ -117,9 +125,10 @@ struct FleetIndexParts
     std::function<QJsonObject()> totals; // may be empty
 };
 
-// Does every database on up to `jobs` threads, in order: `one` does one,
-// records what became of it under `mutex` and says whether it failed
-// unexpectedly. None starts once `stop` is set (the rest: not done) or once
+// Does every database on up to `jobs` threads, in order, each server's at
+// most its own jobs at once (the next whose server has room starts): `one`
+// does one, records what became of it under `mutex` and says whether it
+// failed unexpectedly. None starts once `stop` is set (the rest: not done) or once
 // `maxFailures` databases have failed (the rest: not started). Makes the
 // index when all have ended and, with a folder, writes it there, at once too
 // if the program is ended at once; `index` is asked under `mutex`.

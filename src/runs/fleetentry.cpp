@@ -26,7 +26,8 @@ Standing standingOf(const QString &outcome)
 {
     if (outcome == QLatin1String("completed") || outcome == QLatin1String("matches"))
         return Standing::Succeeded;
-    if (outcome == QLatin1String("interrupted") || outcome == QLatin1String("not done") || outcome == QLatin1String("not started"))
+    if (outcome == QLatin1String("interrupted") || outcome == QLatin1String("not done") || outcome == QLatin1String("not started")
+        || outcome == QLatin1String("busy"))
         return Standing::LeftUndone;
     return Standing::Failed;
 }
@@ -46,12 +47,13 @@ QString stopText(const QJsonObject &entry)
 int unexpectedCount(const QJsonObject &entry)
 {
     const QJsonValue counts = entry.value(QLatin1String("counts"));
-    return counts[QLatin1String("failed")].toInt() + counts[QLatin1String("timedOut")].toInt();
+    return counts[QLatin1String("failed")].toInt() + counts[QLatin1String("timedOut")].toInt()
+        + counts[QLatin1String("blocked")].toInt();
 }
 
 QString unexpectedText(qsizetype unexpected, qsizetype sent)
 {
-    return QStringLiteral("%1 of %2 statements failed unexpectedly or timed out").arg(unexpected).arg(sent);
+    return QStringLiteral("%1 of %2 statements failed unexpectedly, timed out or were blocked").arg(unexpected).arg(sent);
 }
 
 QString whyText(const QJsonObject &entry)

@@ -23,13 +23,6 @@ QString successOf(const QString &command)
     return command == QLatin1String("check") ? QStringLiteral("matches") : QStringLiteral("completed");
 }
 
-void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
-{
-    OutputFile file;
-    if (!file.open(path) || !file.write(bytes) || !file.commit())
-        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
-}
-
 QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
 {
     QJsonObject json{{QStringLiteral("server"), server.server}, {QStringLiteral("mode"), server.mode}};
@@ -43,6 +36,8 @@ QJsonObject serverJson(const FleetServer &server, const ListingOutcome &listing)
         json.insert(QStringLiteral("include"), QJsonArray::fromStringList(server.patterns.include));
     if (!server.patterns.exclude.isEmpty())
         json.insert(QStringLiteral("exclude"), QJsonArray::fromStringList(server.patterns.exclude));
+    if (server.jobs > 0)
+        json.insert(QStringLiteral("jobs"), server.jobs);
     if (listing.failed())
         json.insert(QStringLiteral("error"), listingFailureText(listing, listingTarget(server)));
     if (!listing.refused.isEmpty())
@@ -78,7 +73,7 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
         if (const qsizetype place = parts.outcomes.indexOf(outcome); place >= 0)
             ++byOutcome[place];
         complete = complete && outcome != QLatin1String("interrupted") && outcome != QLatin1String("not done")
-            && outcome != QLatin1String("not started");
+            && outcome != QLatin1String("not started") && outcome != QLatin1String("busy");
         databases.append(entry);
     }
     QJsonArray counts;
@@ -90,21 +85,31 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
     totals.insert(QStringLiteral("databases"), databases.size());
     totals.insert(QStringLiteral("byOutcome"), counts);
     QJsonObject index{{QStringLiteral("type"), QStringLiteral("index")},
-            {QStringLiteral("format"), kIndexFormat},
-            {QStringLiteral("program"), QStringLiteral("zrt")},
-            {QStringLiteral("version"), programVersion()},
-            {QStringLiteral("command"), work.command},
-            {QStringLiteral("preview"), work.preview},
-            {QStringLiteral("started"), reportTime(fleet.started)},
-            {QStringLiteral("finished"), reportTime(QDateTime::currentDateTime())},
-            {QStringLiteral("complete"), complete},
-            {QStringLiteral("servers"), servers},
-            {QStringLiteral("databases"), databases},
-            {QStringLiteral("totals"), totals}};
+                      {QStringLiteral("format"), kIndexFormat},
+                      {QStringLiteral("program"), QStringLiteral("zrt")},
+                      {QStringLiteral("version"), programVersion()},
+                      {QStringLiteral("command"), work.command},
+                      {QStringLiteral("preview"), work.preview},
+                      {QStringLiteral("started"), reportTime(fleet.started)},
+                      {QStringLiteral("finished"), reportTime(QDateTime::currentDateTime())},
+                      {QStringLiteral("complete"), complete},
+                      {QStringLiteral("servers"), servers},
+                      {QStringLiteral("databases"), databases},
+                      {QStringLiteral("totals"), totals}};
+    if (work.shard)
+        index.insert(QStringLiteral("shard"), QJsonObject{{QStringLiteral("part"), work.shard->part},
+                                                          {QStringLiteral("parts"), work.shard->parts}});
     if (work.fleetFile)
         index.insert(QStringLiteral("fleet"), QJsonObject{{QStringLiteral("file"), work.fleetFile->path},
                                                           {QStringLiteral("sha256"), QString::fromLatin1(work.fleetFile->digest)}});
     return index;
+}
+
+void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors)
+{
+    OutputFile file;
+    if (!file.open(path) || !file.write(bytes) || !file.commit())
+        errors << QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
 }
 
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors)
@@ -176,13 +181,26 @@ QString entryName(const char *list, qsizetype place)
 
 } // namespace
 
-FleetRetry readRetry(const QString &folder)
+FleetIndexReading readFleetIndex(const QString &folder)
 {
     const QString path = QDir(folder).filePath(QStringLiteral("index.json"));
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return {{}, std::nullopt, QStringLiteral("%1 holds no index.json to read").arg(folder)};
+        return {{}, QStringLiteral("%1 holds no index.json to read").arg(folder)};
     const QJsonObject index = QJsonDocument::fromJson(file.readAll()).object();
+    if (index.value(QLatin1String("type")) != QLatin1String("index")
+        || index.value(QLatin1String("format")).toInt() != kIndexFormat || index.value(QLatin1String("command")).toString().isEmpty())
+        return {{}, QStringLiteral("%1 is not an index that zrt wrote").arg(path)};
+    return {index, QString()};
+}
+
+FleetRetry readRetry(const QString &folder)
+{
+    const FleetIndexReading reading = readFleetIndex(folder);
+    if (!reading.error.isEmpty())
+        return {{}, std::nullopt, reading.error};
+    const QJsonObject &index = reading.index;
+    const QString path = QDir(folder).filePath(QStringLiteral("index.json"));
     const auto refused = [&path](const QString &why) { return FleetRetry{{}, std::nullopt, path + QLatin1String(": ") + why}; };
     if (const QString why = formRefusal(index); !why.isEmpty())
         return refused(why);
@@ -200,7 +218,7 @@ FleetRetry readRetry(const QString &folder)
                                  value[QLatin1String("odbcEnv")].toString(), int(i + 1),
                                  !value[QLatin1String("error")].isString(), {}};
         for (const RetryServer &earlier : std::as_const(retry.servers)) {
-            if (earlier.server == server.server)
+            if (earlier.server == server.server && earlier.odbcEnv == server.odbcEnv)
                 return refused(QStringLiteral("%1 and %2 both name the server '%3'")
                                    .arg(entryName("servers", earlier.entry - 1), entryName("servers", i), server.server));
         }
@@ -218,15 +236,24 @@ FleetRetry readRetry(const QString &folder)
         const QString outcome = entry[QLatin1String("outcome")].toString();
         if (why.isEmpty() && !outcomes.contains(outcome))
             why = QStringLiteral("'%1' is no outcome of %2").arg(outcome, command);
-        const auto server = std::find_if(retry.servers.begin(), retry.servers.end(), [&entry](const RetryServer &server) {
-            return entry[QLatin1String("server")] == server.server;
-        });
+        // A string that names no server is told by its variable.
+        const auto named = [&](bool byVariable) {
+            return std::find_if(retry.servers.begin(), retry.servers.end(), [&](const RetryServer &server) {
+                return entry[QLatin1String("server")] == server.server
+                    && (!byVariable || entry[QLatin1String("odbcEnv")].toString() == server.odbcEnv);
+            });
+        };
+        auto server = named(true);
+        if (server == retry.servers.end())
+            server = named(false);
         if (why.isEmpty() && server == retry.servers.end())
             why = QStringLiteral("the server '%1' is none the index lists").arg(entry[QLatin1String("server")].toString());
         else if (why.isEmpty() && (entry[QLatin1String("mode")] != server->mode
                                    || entry[QLatin1String("odbcEnv")].toString() != server->odbcEnv))
             why = QStringLiteral("its mode or odbcEnv is not its server's (%1)").arg(entryName("servers", server->entry - 1));
-        const QString key = server == retry.servers.end() ? QString() : server->server + QLatin1Char('\n') + name.toCaseFolded();
+        const QString key = server == retry.servers.end()
+            ? QString()
+            : server->server + QLatin1Char('\n') + server->odbcEnv + QLatin1Char('\n') + name.toCaseFolded();
         if (why.isEmpty() && seen.contains(key))
             why = QStringLiteral("it names '%1' on '%2' again, as %3 does")
                       .arg(name, server->server, entryName("databases", seen.value(key)));

@@ -13,6 +13,18 @@ QJsonObject fleetIndex(const FleetWork &work, const FleetRecord &fleet, const Fl
 // not be written is added to `errors`.
 void writeFleetIndex(const QString &folder, const QJsonObject &index, QStringList &errors);
 
+// `bytes` whole in the file `path`, or nothing; why not is added to `errors`.
+void writeWhole(const QString &path, const QByteArray &bytes, QStringList &errors);
+
+// The index.json of an earlier invocation's folder, or why it is none that zrt wrote.
+struct FleetIndexReading
+{
+    QJsonObject index;
+    QString error;
+};
+
+FleetIndexReading readFleetIndex(const QString &folder);
+
 // What an earlier invocation left to do, from its folder's index.json, taken
 // only as an index that zrt writes can hold it (its types and keys, every
 // entry a database's name on a server it lists, once, with an outcome of its

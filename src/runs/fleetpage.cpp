@@ -153,7 +153,7 @@ QString row(const QJsonObject &entry, qsizetype place, const QString &command, b
             + numberCell(entry.value(QLatin1String("seconds")), 1)
             + cell(report.isEmpty() ? QString() : reportLink(report, QStringLiteral("JSON lines")));
     }
-    return QStringLiteral("<tr class=\"%1\">").arg(classOf(outcome)) + cells + messagesCell(entry) + QLatin1String("</tr>\n");
+    return QStringLiteral("<tr id=\"row-%1\" class=\"%2\">").arg(place + 1).arg(classOf(outcome)) + cells + messagesCell(entry) + QLatin1String("</tr>\n");
 }
 
 // Its failed statements with their messages, or what a check found different.
@@ -203,7 +203,7 @@ QString totalsTable(const QJsonObject &index, bool preview)
         {QStringLiteral("Databases"), QStringLiteral("%1%2").arg(totals.value(QLatin1String("databases")).toInt())
                                           .arg(outcomes.isEmpty() ? QString() : QLatin1String(": ") + outcomes.join(QLatin1String(", ")))}};
     for (const auto &[key, label] : {std::pair{"sent", preview ? "Statements sent (rolled back)" : "Statements sent"},
-                                     {"failedOrTimedOut", "Statements failed unexpectedly or timed out"},
+                                     {"failedOrTimedOut", "Statements failed unexpectedly, timed out or blocked"},
                                      {"differences", "Differences"}}) {
         if (totals.contains(QLatin1String(key)))
             rows.append({QLatin1String(label), QString::number(totals.value(QLatin1String(key)).toInt())});
@@ -217,6 +217,122 @@ QString totalsTable(const QJsonObject &index, bool preview)
     return table + QLatin1String("</table>\n");
 }
 
+// Where an entry's link goes: its section when it has one, else its row.
+QString linkTo(const QJsonObject &entry, qsizetype place)
+{
+    return QStringLiteral("<a href=\"#%1\">%2</a>")
+        .arg(hasSection(entry) ? anchor(place) : QStringLiteral("row-%1").arg(place + 1),
+             html(entry.value(QLatin1String("database")).toString()));
+}
+
+bool onServer(const QJsonValue &entry, const QJsonValue &server)
+{
+    return entry[QLatin1String("server")] == server[QLatin1String("server")] && entry[QLatin1String("mode")] == server[QLatin1String("mode")];
+}
+
+// A row per server, its databases per outcome; one that could not be listed
+// says why in its row and is counted below.
+QString serversTable(const QJsonObject &index)
+{
+    QStringList outcomes;
+    for (const QJsonValue &count : index.value(QLatin1String("totals"))[QLatin1String("byOutcome")].toArray())
+        outcomes << count[QLatin1String("outcome")].toString();
+    const QJsonArray entries = index.value(QLatin1String("databases")).toArray();
+    QString table = QStringLiteral("<table id=\"servers\"><thead><tr><th>Server</th><th>Mode</th>");
+    for (const QString &outcome : outcomes)
+        table += QStringLiteral("<th class=\"%1\">%2</th>").arg(classOf(outcome), html(outcome));
+    table += QLatin1String("<th>Databases</th></tr></thead><tbody>\n");
+    QList<int> sums(outcomes.size());
+    int unlisted = 0;
+    for (const QJsonValue &server : index.value(QLatin1String("servers")).toArray()) {
+        QList<int> counts(outcomes.size());
+        int all = 0;
+        for (const QJsonValue &entry : entries) {
+            if (onServer(entry, server)) {
+                ++all;
+                if (const qsizetype place = outcomes.indexOf(entry[QLatin1String("outcome")].toString()); place >= 0)
+                    ++counts[place];
+            }
+        }
+        table += QLatin1String("<tr>") + cell(html(server[QLatin1String("server")].toString()))
+            + cell(html(server[QLatin1String("mode")].toString()));
+        for (qsizetype i = 0; i < outcomes.size(); ++i) {
+            table += numberCell(counts[i]);
+            sums[i] += counts[i];
+        }
+        table += numberCell(all) + QLatin1String("</tr>\n");
+        if (server[QLatin1String("error")].isString()) {
+            ++unlisted;
+            table += QStringLiteral("<tr class=\"could-not-start\"><td colspan=\"%1\">Not listed: %2</td></tr>\n")
+                         .arg(outcomes.size() + 3)
+                         .arg(html(server[QLatin1String("error")].toString()));
+        }
+    }
+    table += QStringLiteral("</tbody><tfoot><tr><th>All</th><th>%1</th>")
+                 .arg(unlisted == 0 ? QString() : QStringLiteral("%1 not listed").arg(unlisted));
+    for (const int sum : sums)
+        table += numberCell(sum);
+    return table + numberCell(int(entries.size())) + QLatin1String("</tr></tfoot></table>\n");
+}
+
+// The fleet's failures by message across its databases, the most databases
+// first, each database linked: one cause is seen before any row is read.
+QString causesList(const QJsonArray &entries)
+{
+    QStringList messages;
+    QList<QStringList> links;
+    const auto add = [&](const QString &message, const QString &link) {
+        qsizetype place = messages.indexOf(message);
+        if (place < 0) {
+            place = messages.size();
+            messages << message;
+            links << QStringList();
+        }
+        if (links[place].isEmpty() || links[place].last() != link)
+            links[place] << link;
+    };
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        const QJsonObject entry = entries[i].toObject();
+        if (standingOf(entry.value(QLatin1String("outcome")).toString()) != Standing::Failed)
+            continue;
+        for (const QJsonValue &group : entry.value(QLatin1String("failures")).toArray())
+            add(group[QLatin1String("message")].toString(), linkTo(entry, i));
+        for (const char *key : {"reason", "error"}) {
+            if (entry.value(QLatin1String(key)).isString())
+                add(entry.value(QLatin1String(key)).toString(), linkTo(entry, i));
+        }
+    }
+    if (messages.isEmpty())
+        return QString();
+    QList<qsizetype> order(messages.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&links](qsizetype a, qsizetype b) { return links[a].size() > links[b].size(); });
+    QString list = QStringLiteral("<h2>Failures by message</h2>\n<ul id=\"causes\">\n");
+    for (const qsizetype place : order)
+        list += QStringLiteral("<li>%1: %2 %3<br>%4</li>\n")
+                    .arg(html(messages[place]))
+                    .arg(links[place].size())
+                    .arg(links[place].size() == 1 ? QLatin1String("database") : QLatin1String("databases"),
+                         links[place].join(QLatin1String(", ")));
+    return list + QLatin1String("</ul>\n");
+}
+
+// Which part of the fleet the page tells, or which folders it was merged from.
+QString partsText(const QJsonObject &index)
+{
+    const auto shardOf = [](const QJsonValue &shard) {
+        return QStringLiteral("part %1 of %2").arg(shard[QLatin1String("part")].toInt()).arg(shard[QLatin1String("parts")].toInt());
+    };
+    if (index.value(QLatin1String("shard")).isObject())
+        return QStringLiteral("<p>Only %1 of the fleet's databases (--shard).</p>\n").arg(shardOf(index.value(QLatin1String("shard"))));
+    QStringList folders;
+    for (const QJsonValue &part : index.value(QLatin1String("merged")).toArray())
+        folders << html(part[QLatin1String("folder")].toString())
+                + (part[QLatin1String("shard")].isObject() ? QLatin1String(" (") + shardOf(part[QLatin1String("shard")]) + QLatin1Char(')')
+                                                           : QString());
+    return folders.isEmpty() ? QString() : QLatin1String("<p>Merged from ") + folders.join(QLatin1String(", ")) + QLatin1String(".</p>\n");
+}
+
 } // namespace
 
 QByteArray fleetPage(const QJsonObject &index)
@@ -224,13 +340,9 @@ QByteArray fleetPage(const QJsonObject &index)
     const QString command = index.value(QLatin1String("command")).toString();
     const bool preview = index.value(QLatin1String("preview")).toBool();
     QStringList servers;
-    QString serverErrors;
-    for (const QJsonValue &server : index.value(QLatin1String("servers")).toArray()) {
+    for (const QJsonValue &server : index.value(QLatin1String("servers")).toArray())
         servers << server[QLatin1String("server")].toString() + QLatin1String(" (") + server[QLatin1String("mode")].toString()
                 + QLatin1Char(')');
-        if (server[QLatin1String("error")].isString())
-            serverErrors += QStringLiteral("<p class=\"error\">Not listed: %1</p>\n").arg(html(server[QLatin1String("error")].toString()));
-    }
     const QString what = html(QStringLiteral("%1 on %2%3").arg(command, servers.join(QLatin1String(", ")),
                                                                preview ? QStringLiteral(" (preview, rolled back)") : QString()));
     QString page = QStringLiteral("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>zrt %1</title><style>%2</style>"
@@ -241,9 +353,9 @@ QByteArray fleetPage(const QJsonObject &index)
                                "changed. The counts tell what a run would do.</p>\n");
     if (!index.value(QLatin1String("complete")).toBool())
         page += QStringLiteral("<p class=\"error\">Incomplete: not every database was done.</p>\n");
-    page += totalsTable(index, preview) + serverErrors;
-
     const QJsonArray entries = index.value(QLatin1String("databases")).toArray();
+    page += partsText(index) + totalsTable(index, preview) + serversTable(index) + causesList(entries);
+
     QList<qsizetype> order(entries.size());
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(), [&entries](qsizetype a, qsizetype b) {

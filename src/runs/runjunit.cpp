@@ -37,7 +37,9 @@ JUnitSuite runSuite(const DatabaseRun &run, const DatabaseRunResult &result)
     const QString stopped = outcomeName(outcome) + QLatin1Char(' ') + stopText(runJson(result));
 
     JUnitCase open{run.database, QStringLiteral("open the database")};
-    if (result.end == RunEnd::NotOpened)
+    if (result.busy)
+        open.skipped = QLatin1String("busy: ") + result.reason; // for a later run, as --retry takes it
+    else if (result.end == RunEnd::NotOpened)
         open.failure = QLatin1String("could not start: ") + result.reason;
     else if (result.stop && !stoppedIn)
         open.failure = stopped;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "applicationlock.h"
 #include "commandline.h"
 #include "odbcconnection.h"
 
@@ -20,10 +21,10 @@ struct Invocation
 
 // Runs `zrt ARGUMENTS` in this process, its servers reached through `sqlServer`;
 // its standard output is `standardOutput` when given; `terminal`: both
-// outputs are taken for a terminal.
+// outputs are taken for a terminal; `pause` stands in for the pauses between a statement's tries.
 inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServer = {},
                          const std::atomic<bool> *stop = nullptr, QIODevice *standardOutput = nullptr,
-                         bool terminal = false)
+                         bool terminal = false, Pause pause = {})
 {
     Invocation result;
     QTextStream out(&result.out);
@@ -42,6 +43,7 @@ inline Invocation invoke(const QStringList &arguments, ConnectionFactory sqlServ
                                return odbcConnectionsTo(odbc, timeouts);
                            },
                            terminal, stop, terminal};
+    context.pause = std::move(pause);
     result.exit = runCommandLine(QStringList{QStringLiteral("zrt")} + arguments, context);
     out.flush();
     err.flush();

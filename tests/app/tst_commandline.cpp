@@ -8,6 +8,7 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -20,12 +21,15 @@
 
 using ServerSetup = std::function<void(ScriptedServer &)>;
 Q_DECLARE_METATYPE(ServerSetup)
+Q_DECLARE_METATYPE(TdsListener::Script)
 
 namespace {
 
 const QString kLocalListing = QStringLiteral("Select name From sys.databases Where name like 'Quorvex%' Order By name");
 const QStringList kRun{"run", "--mode", "LOCAL", "--database", "QuorvexA"};
 const QStringList kRunAll{"run", "--all", "--mode", "LOCAL", "--server", "S"};
+// How the query naming a lock's holders begins.
+const QString kLockHolders = QStringLiteral("SELECT TOP (3) s.session_id");
 
 ServerSetup listing(const QStringList &names)
 {
@@ -252,6 +256,12 @@ private slots:
                                                          << "is no database's name: it is longer than the 128";
         QTest::newRow("--retry of an --all folder with --fleet and --mode")
             << QStringList{"run", "--retry", m_dir.path(), "--fleet", "f", "--mode", "LOCAL"} << "--mode does not go with --fleet";
+        QTest::newRow("a negative --lock-retries") << kRun + QStringList{"--lock-retries", "-1"}
+                                                   << "zrt run: --lock-retries needs a whole number from 0 up, not '-1'";
+        QTest::newRow("check: --lock-wait as text") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--lock-wait", "x"}
+                                                    << "zrt check: --lock-wait needs a whole number from 0 up";
+        QTest::newRow("check: no --lock-timeout") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--lock-timeout", "1"}
+                                                  << "Unknown option 'lock-timeout'";
     }
 
     void badUsage()
@@ -345,7 +355,7 @@ private slots:
                                           << "\"byOutcome\":[{\"databases\":2,\"outcome\":\"completed\"}]";
         QTest::newRow("run --all --quiet: failures only") << kRunAll + QStringList{"--jobs", "1", "--quiet"}
                                                           << refusing(refuseA, two) << true << 4
-                                                          << "refused\n2 databases: 1 completed, 1 could not start";
+                                                          << "2 databases: 1 completed, 1 could not start";
         QTest::newRow("run --all --verbose: failures by message")
             << kRunAll + QStringList{"--verbose"}
             << ServerSetup([=](ScriptedServer &s) { s.failingWith.insert(stock, DbStatus::failure("Invalid column name 'Type'.", 207)); two(s); })
@@ -419,7 +429,7 @@ private slots:
         QCOMPARE(verbose.out.count(QStringLiteral("  message ")), 25);
         QCOMPARE(verbose.out.count(QStringLiteral("[view drops] drop view")), 30);
         const Invocation quiet = invoke(kRun + QStringList{"--quiet"}, server.connections());
-        QCOMPARE(quiet.out.split('\n', Qt::SkipEmptyParts).size(), 2);
+        QCOMPARE(quiet.out.split('\n', Qt::SkipEmptyParts).size(), 3); // header, no application locks, outcome
 
         const QList<QJsonObject> lines = reportLines(report);
         QCOMPARE(lines.size(), 1 + 493 + 1);
@@ -444,7 +454,7 @@ private slots:
         QTest::newRow("a clean run") << kRun << none << "zrt run QuorvexA" << QStringList();
         QTest::newRow("one statement failed unexpectedly")
             << kRun << failing(stock, DbStatus::failure("Invalid column name 'Type'.\x1b[2J", 207)) << "zrt run QuorvexA"
-            << QStringList{"view creates failure: 1 of 62 statements failed unexpectedly or timed out\n"
+            << QStringList{"view creates failure: 1 of 62 statements failed unexpectedly, timed out or were blocked\n"
                            "     1  Invalid column name 'Type'.\\x1B[2J\n        #"};
         QTest::newRow("the connection was lost")
             << kRun << failing(stock, lost) << "zrt run QuorvexA"
@@ -541,6 +551,42 @@ private slots:
         QCOMPARE(calls.last(), QStringLiteral("rollback"));
     }
 
+    // A refusal of its locks ends no transaction, but a preview asks before
+    // each try: nothing is sent outside it.
+    void planSendsAgainOnlyInsideItsTransaction_data()
+    {
+        QTest::addColumn<QString>("tranCount");
+        QTest::addColumn<int>("sends");
+        QTest::newRow("open") << "1" << 6;
+        QTest::newRow("ended") << "0" << 1;
+    }
+
+    void planSendsAgainOnlyInsideItsTransaction()
+    {
+        QFETCH(QString, tranCount);
+        QFETCH(int, sends);
+        const QString probe = QStringLiteral("SELECT @@TRANCOUNT AS TranCount");
+        const QString drop = QStringLiteral("drop table [dbo].[tblKWClientInfo]");
+        ScriptedServer server;
+        server.failingWith.insert(drop, DbStatus::failure("Lock request time out period exceeded.", 1222));
+        server.answers.insert(probe, singleColumn("TranCount", {tranCount}));
+        int pauses = 0;
+        const Invocation plan = invoke({"plan", "--mode", "LOCAL", "--database", "QuorvexA"}, server.connections(), nullptr,
+                                       nullptr, false, [&pauses](std::chrono::milliseconds) { return ++pauses > 0; });
+        QCOMPARE(plan.exit, 3);
+        QCOMPARE(pauses, sends - 1);
+        const QStringList calls = server.calls();
+        QCOMPARE(calls.filter("execute " + drop).size(), sends);
+        QStringList beforeEachTry;
+        for (qsizetype i = calls.indexOf("execute " + drop) + 1; i < calls.size(); ++i) {
+            if (calls[i] == "execute " + drop)
+                beforeEachTry << calls[i - 1];
+        }
+        QCOMPARE(beforeEachTry, QStringList(sends - 1, "query " + probe));
+        QVERIFY2(plan.out.contains(sends == 1 ? "preview stopped" : "1  blocked: Lock request time out period exceeded."),
+                 qPrintable(plan.out));
+    }
+
     void planLeavesTheDatabaseAsItWas_data()
     {
         QTest::addColumn<bool>("runFirst");
@@ -605,7 +651,7 @@ private slots:
         const QString folder = invocationFolders(dir).value(0);
         const QStringList lines = all.out.split('\n', Qt::SkipEmptyParts);
         QCOMPARE(lines.mid(1, 1), QStringList{"Reports in " + folder});
-        QCOMPARE(lines.size(), 2 + 6 + 1);
+        QCOMPARE(lines.size(), 2 + 1 + 6 + 1); // the scripted engine has no application locks: said once
         QVERIFY(all.out.contains("could not start: the database 'Quorvex\\x1B[31mB' is missing on server S: refused\n"));
         QVERIFY(!all.out.contains(QChar(0x1b)));
         QVERIFY(lines.last().startsWith("6 databases: 5 completed, 1 could not start; 2465 statements sent"));
@@ -683,7 +729,7 @@ private slots:
               "completed with failures</span>, <span class=\"interrupted\">1 interrupted</span>, <span class=\"not-done\">1 "
               "not done</span></td>"),
               QStringLiteral("<th>Statements sent</th><td>%1</td>").arg(2 * 493 + 107),
-              QString("<th>Statements failed unexpectedly or timed out</th><td>1</td>"),
+              QString("<th>Statements failed unexpectedly, timed out or blocked</th><td>1</td>"),
               QString("<li>1× timed out: Query timeout expired</li>"),
               QStringLiteral("<td class=\"number\" data-sort=\"%1\">%1</td><td>view creates</td><td>timed out: Query timeout expired</td>")
                   .arg(wholeRun.indexOf(stock) + 1),
@@ -704,7 +750,7 @@ private slots:
         QCOMPARE(junit.cases, (QStringList{"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD"}));
         QCOMPARE(junit.problems.size(), 3);
         QVERIFY2(junit.problems[0].startsWith("QuorvexB failure: completed with failures: 1 of 493 statements failed "
-                                              "unexpectedly or timed out\n1× timed out: Query timeout expired\n#"),
+                                              "unexpectedly, timed out or were blocked\n1× timed out: Query timeout expired\n#"),
                  qPrintable(junit.problems[0]));
         QVERIFY2(junit.problems[1].startsWith("QuorvexC failure: interrupted: stopped after statement #107"), qPrintable(junit.problems[1]));
         QVERIFY2(junit.problems[2].startsWith("QuorvexD skipped: not done: not begun"), qPrintable(junit.problems[2]));
@@ -831,6 +877,10 @@ private slots:
             QTest::addRow("the pattern %s", pattern) << local + "exclude = [\"*A1\", \"" + pattern + "\"]\n"
                                                      << ":4: key 'exclude': '" + QString(pattern).replace("\\\\", "\\") + "' is not a pattern";
         QTest::newRow("no server") << QByteArray("jobs = 2\n") << ":1: key 'server'";
+        QTest::newRow("a negative lock timeout") << "lock_timeout = -1\n" + local
+                                                 << ":1: key 'lock_timeout': must be a whole number from 0 up";
+        QTest::newRow("lock retries as text") << local + "lock_retries = \"5\"\n"
+                                              << ":4: key 'lock_retries': must be a whole number from 0 up";
     }
 
     void badFleetFiles()
@@ -848,6 +898,137 @@ private slots:
         QVERIFY2(run.err.startsWith("zrt run: " + path + named), qPrintable(run.err));
         QVERIFY2(!run.err.contains("secret"), qPrintable(run.err));
         QVERIFY(server.logs().isEmpty() && !QFileInfo::exists(unmade));
+    }
+
+    // Through the real driver: the lock and the lock timeout before the first
+    // statement, nothing sent when another run holds the lock, a statement
+    // refused its locks sent again in its place.
+    void aLiveServerIsShared_data()
+    {
+        QTest::addColumn<TdsListener::Script>("script");
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<int>("exit");
+        QTest::addColumn<QString>("printed");
+        QTest::addColumn<int>("tries"); // of the refused statement; 0: the run sends no statement
+        const QString drop = QStringLiteral("drop table [dbo].[tblKWClientInfo]");
+        QTest::newRow("nothing blocks") << TdsListener::Script{} << QStringList() << 0 << "completed: 493 statements" << 1;
+        QTest::newRow("options") << TdsListener::Script{} << QStringList{"--lock-wait", "7", "--lock-timeout", "2"} << 0
+                                 << "completed: 493 statements" << 1;
+        QTest::newRow("another run holds it") << TdsListener::Script{.appLockAnswer = -1} << QStringList() << 3
+                                              << "busy: another run holds QuorvexA; nothing was sent" << 0;
+        QTest::newRow("the lock cannot be asked for") << TdsListener::Script{.refusedBatch = "DECLARE @granted"} << QStringList()
+                                                      << 4 << "could not start: cannot take the application lock on 'QuorvexA': "
+                                                      << 0;
+        QTest::newRow("refused twice") << TdsListener::Script{.blockedBatch = drop, .blockedTimes = 2} << QStringList()
+                                       << 0 << "completed: 493 statements, none failed" << 3;
+        QTest::newRow("refused past its retries")
+            << TdsListener::Script{.blockedBatch = drop, .blockedTimes = 9} << QStringList{"--lock-retries", "2"} << 3
+            << "     1  blocked: [FreeTDS][SQL Server]Lock request time out period exceeded.; no holder this login may see" << 3;
+    }
+
+    void aLiveServerIsShared()
+    {
+        QFETCH(TdsListener::Script, script);
+        QFETCH(QStringList, options);
+        QFETCH(int, exit);
+        QFETCH(QString, printed);
+        QFETCH(int, tries);
+        const TdsListener listener(script);
+        const QString report = m_dir.filePath(QStringLiteral("shared.jsonl"));
+        QList<std::chrono::milliseconds> pauses;
+        const Invocation run = invoke(QStringList{"run", "--mode", "LOCAL", "--server", listener.dataSource(), "--database",
+                                                  "QuorvexA", "--report", report} + options,
+                                      sqlServerConnections(), nullptr, nullptr, false, [&pauses](std::chrono::milliseconds pause) {
+                                          pauses << pause;
+                                          return true;
+                                      });
+        QVERIFY2((run.out + run.err).contains(printed), qPrintable(run.out + run.err));
+        QCOMPARE(run.exit, exit);
+        const QString wait = options.contains("--lock-wait") ? "7000" : "0";
+        const QString timeout = options.contains("--lock-timeout") ? "2000" : "5000";
+        QStringList expected{"DECLARE @granted int; EXEC @granted = sp_getapplock @Resource = N'zrt maintenance', "
+                             "@LockMode = N'Exclusive', @LockOwner = N'Session', @LockTimeout = " + wait
+                             + "; SELECT @granted AS granted"};
+        if (tries > 0) {
+            expected << "SET LOCK_TIMEOUT " + timeout;
+            for (const QString &statement : wholeRunFixtureStatements()) {
+                for (int i = 0; i < (statement == script.blockedBatch ? tries : 1); ++i)
+                    expected << statement;
+                if (statement == script.blockedBatch && exit != 0)
+                    expected << kLockHolders;
+            }
+            expected << "EXEC sp_releaseapplock @Resource = N'zrt maintenance', @LockOwner = N'Session'";
+        }
+        QStringList received = listener.received().batches;
+        for (QString &batch : received)
+            batch = batch.startsWith(kLockHolders) ? kLockHolders : batch;
+        QCOMPARE(received, expected);
+        QList<std::chrono::milliseconds> doubling;
+        for (int i = 1; i < tries; ++i)
+            doubling << std::chrono::milliseconds(1000 << (i - 1));
+        QCOMPARE(pauses, doubling);
+        QStringList triesReported;
+        for (const QJsonObject &line : reportLines(report)) {
+            if (line.contains("tries"))
+                triesReported << line["text"].toString() + " " + QString::number(line["tries"].toInt());
+        }
+        QCOMPARE(triesReported, tries > 1 ? QStringList{script.blockedBatch + " " + QString::number(tries)} : QStringList());
+    }
+
+    // Ctrl-C during a pause before a statement's next try ends it at once.
+    void aStopEndsAPauseAtOnce()
+    {
+        const TdsListener listener({.blockedBatch = QStringLiteral("drop table [dbo].[tblKWClientInfo]"), .blockedTimes = 9});
+        std::atomic<bool> stop = false;
+        QElapsedTimer paused;
+        const Invocation run = invoke({"run", "--mode", "LOCAL", "--server", listener.dataSource(), "--database", "QuorvexA"},
+                                      sqlServerConnections(), &stop, nullptr, false, [&](std::chrono::milliseconds pause) {
+                                          stop = true; // as Ctrl-C does, just as the pause begins
+                                          paused.start();
+                                          return pauseUnlessStopped(pause * 60, &stop);
+                                      });
+        QVERIFY(paused.elapsed() < 1000);
+        QCOMPARE(run.exit, 130);
+        QVERIFY2(run.out.contains("interrupted after 3 statements"), qPrintable(run.out));
+        QCOMPARE(listener.received().batches.filter("drop table [dbo].[tblKWClientInfo]").size(), 1);
+    }
+
+    // Held by another run: nothing is sent, the database is left for a retry,
+    // and --max-failures does not count it. A fleet file's lock keys hold
+    // under the command line's.
+    void aBusyDatabaseIsLeftForLater()
+    {
+        const TdsListener held({.rows = {{kLocalListing, {"QuorvexA", "QuorvexB"}}}, .appLockAnswer = -1});
+        const QString path = m_dir.filePath(QStringLiteral("held.toml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("lock_wait = 3\nlock_timeout = 1\n[[server]]\nserver = \"" + held.dataSource().toUtf8()
+                   + "\"\nmode = \"LOCAL\"\nlock_wait = 4\n");
+        file.close();
+        const QString dir = m_dir.filePath(QStringLiteral("held"));
+        const Invocation run = invoke({"run", "--fleet", path, "--max-failures", "1", "--report-dir", dir}, sqlServerConnections());
+        QCOMPARE(run.exit, 3);
+        QVERIFY2(run.out.contains("Busy, held by another run: QuorvexA, QuorvexB\n"), qPrintable(run.out));
+        const QString folder = invocationFolders(dir).value(0);
+        QStringList outcomes;
+        for (const QJsonValue &entry : QJsonDocument::fromJson(fileBytes(folder + "/index.json"))["databases"].toArray())
+            outcomes << entry["outcome"].toString() + ": " + entry["reason"].toString();
+        QCOMPARE(outcomes, (QStringList{"busy: another run holds QuorvexA", "busy: another run holds QuorvexB"}));
+        QCOMPARE(readJunit(folder + "/junit.xml").problems.filter(" skipped: ").size(), 2);
+        const QStringList sent = held.received().batches.filter(QRegularExpression("^(?!Select name)"));
+        QCOMPARE(sent.size(), 2);
+        QVERIFY2(sent.filter("@LockMode = N'Exclusive', @LockOwner = N'Session', @LockTimeout = 4000;").size() == 2,
+                 qPrintable(sent.join('\n')));
+
+        const Invocation retry = invoke({"run", "--retry", folder, "--lock-wait", "6"}, sqlServerConnections());
+        QCOMPARE(retry.exit, 3);
+        QCOMPARE(held.received().batches.filter("@LockTimeout = 6000;").size(), 2);
+
+        const Invocation check = invoke({"check", "--mode", "LOCAL", "--server", held.dataSource(), "--database", "QuorvexA"},
+                                        sqlServerConnections());
+        QCOMPARE(check.exit, 3);
+        QVERIFY2(check.err.contains("zrt check: another run holds QuorvexA\n"), qPrintable(check.err));
+        QVERIFY(held.received().batches.last().contains("@LockMode = N'Shared', @LockOwner = N'Session', @LockTimeout = 0;"));
     }
 
     void fleetAcrossServers()
@@ -1041,6 +1222,140 @@ private slots:
         QVERIFY2(err.endsWith("2 running, 0 failed: QuorvexA, QuorvexB\r\x1b[K\r\x1b[K1/3 done, 1 running, 1 failed: "
                               "QuorvexA tables 40%\r\x1b[K"),
                  qPrintable(escapedControls(err)));
+    }
+
+    void shardsSplitTheFleet_data()
+    {
+        QTest::addColumn<int>("parts");
+        QTest::newRow("one part") << 1;
+        QTest::newRow("two parts") << 2;
+        QTest::newRow("three parts") << 3;
+    }
+
+    void shardsSplitTheFleet()
+    {
+        QFETCH(int, parts);
+        QStringList names;
+        for (int i = 0; i < 40; ++i)
+            names << QStringLiteral("Quorvex%1").arg(i);
+        // Each part's databases as "server name", from a listing that may have one more.
+        const auto split = [parts](const QStringList &listed) {
+            ScriptedServer scripted;
+            listing(listed)(scripted);
+            const QList<FleetServer> servers{FleetServer{.server = "S1", .mode = "LOCAL", .connections = scripted.connections()},
+                                             FleetServer{.server = "tcp:s2,1433", .mode = "LOCAL", .connections = scripted.connections()}};
+            QList<QSet<QString>> split;
+            for (int part = 1; part <= parts; ++part) {
+                split << QSet<QString>();
+                for (const FleetDatabase &database : listFleet(servers, FleetShard{part, parts}, nullptr).databases)
+                    split.last() << servers[database.server].server + " " + database.name;
+            }
+            return split;
+        };
+        const QList<QSet<QString>> before = split(names);
+        QSet<QString> whole;
+        qsizetype sizes = 0;
+        for (const QSet<QString> &part : before) {
+            whole.unite(part);
+            sizes += part.size();
+        }
+        QCOMPARE(sizes, 2 * names.size()); // disjoint
+        QCOMPARE(whole.size(), 2 * names.size()); // together the whole
+        const QList<QSet<QString>> after = split(names + QStringList{"QuorvexAdded"});
+        for (int part = 0; part < parts; ++part)
+            QCOMPARE(QSet<QString>(after[part]).subtract({"S1 QuorvexAdded", "tcp:s2,1433 QuorvexAdded"}), before[part]);
+    }
+
+    void twoShardsMergedAreTheWholeFleet()
+    {
+        ScriptedServer server;
+        listing({"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD", "QuorvexE", "QuorvexF"})(server);
+        server.refusedOpens << "Initial Catalog=QuorvexC;";
+        const QString dir = m_dir.filePath(QStringLiteral("shards"));
+        QCOMPARE(invoke(kRunAll + QStringList{"--report-dir", dir + "/whole"}, server.connections()).exit, 4);
+        for (const QString shard : {"1/2", "2/2"}) {
+            const Invocation part = invoke(kRunAll + QStringList{"--shard", shard, "--report-dir", dir + "/parts"}, server.connections());
+            QVERIFY2(part.out.section('\n', 0, 0).contains(", mode LOCAL, part " + shard.left(1) + " of 2, started"), qPrintable(part.out));
+        }
+        const QStringList parts = invocationFolders(dir + "/parts");
+        QCOMPARE(parts.size(), 2);
+        const Invocation merge = invoke(QStringList{"merge", "--report-dir", dir + "/merged"} + parts);
+        QCOMPARE(merge.exit, 0);
+        const QString folder = invocationFolders(dir + "/merged").value(0);
+        const QJsonObject whole = QJsonDocument::fromJson(fileBytes(invocationFolders(dir + "/whole").value(0) + "/index.json")).object();
+        const QJsonObject merged = QJsonDocument::fromJson(fileBytes(folder + "/index.json")).object();
+        QCOMPARE(merged["totals"], whole["totals"]);
+        QCOMPARE(merged["servers"], whole["servers"]);
+        QCOMPARE(merged["complete"], whole["complete"]);
+        for (qsizetype i = 0; i < 6; ++i) {
+            const QJsonObject entry = merged["databases"][i].toObject();
+            QCOMPARE(entry["database"], whole["databases"][i]["database"]);
+            QCOMPARE(entry["outcome"], whole["databases"][i]["outcome"]);
+            if (entry.contains("report"))
+                QCOMPARE(reportLines(folder + "/" + entry["report"].toString()).last()["counts"], entry["counts"]);
+        }
+        QVERIFY(fileBytes(folder + "/index.html").contains("<li>the database 'QuorvexC' is missing on server S: refused: 1 database<br>"
+                                                            "<a href=\"#row-3\">QuorvexC</a></li>"));
+        QCOMPARE(readJunit(folder + "/junit.xml").cases, readJunit(invocationFolders(dir + "/whole").value(0) + "/junit.xml").cases);
+        ScriptedServer again;
+        listing({"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD", "QuorvexE", "QuorvexF"})(again);
+        QCOMPARE(invoke({"run", "--retry", folder, "--mode", "LOCAL", "--server", "S", "--report-dir", dir}, again.connections()).exit, 0);
+        QCOMPARE(again.logs().size(), 2); // its listing, then QuorvexC alone
+    }
+
+    void mergeRefusals_data()
+    {
+        QTest::addColumn<QString>("command"); // of the second folder; empty: it holds no index
+        QTest::addColumn<bool>("preview");
+        QTest::addColumn<QString>("database");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("no index") << "" << false << "QuorvexB" << "/second holds no index.json";
+        QTest::newRow("another command") << "check" << false << "QuorvexB" << "/first is of zrt run and ";
+        QTest::newRow("a preview with a run") << "plan" << true << "QuorvexB" << "/first is not a preview and ";
+        QTest::newRow("a database in both") << "run" << false << "quorvexa" << "the database 'quorvexa' on server 'S' is in both ";
+    }
+
+    void mergeRefusals()
+    {
+        QFETCH(QString, command);
+        QFETCH(bool, preview);
+        QFETCH(QString, database);
+        QFETCH(QString, named);
+        const QString dir = m_dir.filePath(QStringLiteral("refused/") + QTest::currentDataTag());
+        const auto write = [&dir](const QString &folder, const QString &command, bool preview, const QString &database) {
+            QDir().mkpath(dir + folder);
+            const QJsonObject index{{"type", "index"}, {"format", 1}, {"command", command}, {"preview", preview},
+                                    {"databases", QJsonArray{QJsonObject{{"database", database}, {"server", "S"}, {"mode", "LOCAL"}}}}};
+            QFile file(dir + folder + "/index.json");
+            return command.isEmpty() || (file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(index).toJson()) > 0);
+        };
+        QVERIFY(write("/first", "run", false, "QuorvexA") && write("/second", command, preview, database));
+        const Invocation merge = invoke({"merge", "--report-dir", dir + "/merged", dir + "/first", dir + "/second"});
+        QCOMPARE(merge.exit, 2);
+        QVERIFY2(merge.err.startsWith("zrt merge: ") && merge.err.contains(named), qPrintable(merge.err));
+        QVERIFY(!QFileInfo::exists(dir + "/merged"));
+    }
+
+    void eachServerKeepsToItsJobs()
+    {
+        const QStringList three{"QuorvexA", "QuorvexWithALongerNameB", "QuorvexC"};
+        TdsListener capped({.rows = {{kLocalListing, three}}, .batchTime = std::chrono::milliseconds(1)});
+        TdsListener free({.rows = {{kLocalListing, three}}, .batchTime = std::chrono::milliseconds(1)});
+        const QString path = m_dir.filePath(QStringLiteral("capped.toml"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("jobs = 4\n[[server]]\nserver = \"" + capped.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\njobs = 1\n"
+                   "[[server]]\nserver = \"" + free.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\n");
+        file.close();
+        const Invocation run = invoke({"run", "--fleet", path}, sqlServerConnections());
+        QCOMPARE(run.exit, 0);
+        QCOMPARE(capped.received().mostAtOnce, 1);
+        QCOMPARE(free.received().mostAtOnce, 3);
+        // Names with their server past the usual width still line up.
+        const QStringList lines = run.out.split('\n').filter(" completed ");
+        QCOMPARE(lines.size(), 6);
+        for (const QString &line : lines)
+            QCOMPARE(line.indexOf(" completed "), lines[0].indexOf(" completed "));
     }
 
     void standardOutputThatFails()

@@ -1,6 +1,7 @@
 #include "commandinvocation.h"
 
 #include <QDir>
+#include <QJsonObject>
 #include <QTest>
 
 // Runs against a real SQL Server when ZRT_TEST_SQLSERVER holds an ODBC
@@ -14,8 +15,12 @@ private slots:
     void initTestCase();
     void scenario_data();
     void scenario();
+    void liveSessions_data();
+    void liveSessions();
 
 private:
+    // A new database that a run has brought up to date.
+    QString runDatabase();
     // Sends each statement to `database` (master when empty); the first
     // column of the last statement's first row, if it yields one.
     QString send(const QString &database, const QStringList &statements);
@@ -110,6 +115,77 @@ void TestSqlServer::scenario()
     send(QString(), {QStringLiteral("DROP DATABASE [%1]").arg(database)});
     QVERIFY2(plan.err.isEmpty() && first.err.isEmpty() && second.err.isEmpty(), qPrintable(plan.err + first.err + second.err));
     QCOMPARE(found, expected);
+}
+
+QString TestSqlServer::runDatabase()
+{
+    const QString database =
+        QStringLiteral("QuorvexZrtTest%1_%2").arg(QCoreApplication::applicationPid()).arg(++m_databases);
+    if (!send(QString(), {QStringLiteral("CREATE DATABASE [%1]").arg(database)}).isEmpty())
+        return QString();
+    invoke({"run", "--mode", "LOCAL", "--database", database, "--odbc", m_master + QStringLiteral(";DATABASE=") + database});
+    return database;
+}
+
+// A user's open transaction on a table the run drops: the run's statement
+// waits its lock timeout, is sent again, and goes through once the user
+// commits, or counts as blocked, naming the user. A second run started while
+// the first pauses is busy and sends nothing.
+void TestSqlServer::liveSessions_data()
+{
+    QTest::addColumn<bool>("letGo");      // the user commits at the run's first pause
+    QTest::addColumn<bool>("secondRun");  // another run starts during that pause
+    QTest::addColumn<int>("exit");
+    QTest::addColumn<QString>("printed");
+    QTest::newRow("the user commits") << true << false << 0 << "completed: ";
+    QTest::newRow("the user's transaction stays open") << false << false << 3 << "blocked: ";
+    QTest::newRow("two runs at once") << true << true << 0 << "completed: ";
+}
+
+void TestSqlServer::liveSessions()
+{
+    QFETCH(bool, letGo);
+    QFETCH(bool, secondRun);
+    QFETCH(int, exit);
+    QFETCH(QString, printed);
+    const QString database = runDatabase();
+    QVERIFY(!database.isEmpty());
+    const QString odbc = m_master + QStringLiteral(";DATABASE=") + database;
+    const std::unique_ptr<Connection> user = odbcConnectionsTo(odbc + QStringLiteral(";APP=zrt-test-user"))();
+    QVERIFY(user->open(QString()).ok);
+    ResultSet rows;
+    QVERIFY(user->setAutocommit(false).ok);
+    QVERIFY(user->query(QStringLiteral("SELECT COUNT(*) AS v FROM tblKWClientInfo WITH (TABLOCKX, HOLDLOCK)"), rows).ok);
+    const QString report = QDir::temp().filePath(database + QStringLiteral(".live"));
+    const QStringList arguments{"run", "--mode", "LOCAL", "--database", database, "--odbc", odbc, "--lock-timeout", "1",
+                                "--lock-retries", "2", "--report"};
+    Invocation second;
+    int pauses = 0;
+    const Invocation run = invoke(arguments + QStringList{report}, {}, nullptr, nullptr, false, [&](std::chrono::milliseconds) {
+        if (++pauses == 1 && secondRun)
+            second = invoke(arguments + QStringList{report + QStringLiteral(".second")});
+        if (pauses == 1 && letGo)
+            user->setAutocommit(true); // commits the user's transaction
+        return true;
+    });
+    user->close();
+    send(QString(), {QStringLiteral("ALTER DATABASE [%1] SET SINGLE_USER WITH ROLLBACK IMMEDIATE").arg(database),
+                     QStringLiteral("DROP DATABASE [%1]").arg(database)});
+    QVERIFY2((run.out + run.err).contains(printed), qPrintable(run.out + run.err));
+    QCOMPARE(run.exit, exit);
+    const QJsonObject drop = reportLines(report).value(3); // the third statement drops tblKWClientInfo
+    QCOMPARE(drop["text"].toString(), QStringLiteral("drop table [dbo].[tblKWClientInfo]"));
+    QCOMPARE(drop["tries"].toInt(), letGo ? 2 : 3);
+    // Each refused try waited the lock timeout, not the statement's 30 s.
+    QVERIFY2(drop["milliseconds"].toDouble() >= 1000 && drop["milliseconds"].toDouble() < 10000,
+             qPrintable(QString::number(drop["milliseconds"].toDouble())));
+    if (!letGo)
+        QVERIFY2(drop["message"].toString().contains("program zrt-test-user"), qPrintable(drop["message"].toString()));
+    if (secondRun) {
+        QCOMPARE(second.exit, 3);
+        QVERIFY2(second.err.contains("busy: another run holds " + database), qPrintable(second.err));
+        QCOMPARE(reportLines(report + QStringLiteral(".second")).size(), 2); // its context and its end: nothing sent
+    }
 }
 
 QTEST_GUILESS_MAIN(TestSqlServer)

@@ -2,6 +2,8 @@
 
 #include <QtEndian>
 
+#include <algorithm>
+
 #include <arpa/inet.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -12,9 +14,8 @@ enum : char { kBatch = 0x01, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 
 
 // Whole replies, one packet each. Pre-login: version 15.0.2000, encryption not supported.
 constexpr char kPreloginReply[] = "0401001a0000010000000b00060100110001ff0f0007d0000002";
-// Login acknowledged for TDS 7.4, packet size 4096.
-constexpr char kLoginAck[] = "ad1a000174000004084c0069007300740065006e00650072000f000000e313000404"
-                             "3400300039003600043400300039003600";
+// The packet size agreed at login: 4096.
+constexpr char kPacketSize[] = "e3130004043400300039003600043400300039003600";
 constexpr char kDone[] = "fd000000000000000000000000";
 constexpr char kDoneWithError[] = "fd020000000000000000000000";
 constexpr char kCancelled[] = "fd200000000000000000000000";
@@ -44,16 +45,26 @@ QByteArray errorTokens(const TdsListener::Error &error)
         + QByteArray::fromHex(kDoneWithError);
 }
 
+// Login acknowledged for TDS 7.4 by a server naming itself as SQL Server
+// does, version 15; the driver gives that name as the engine's.
+QByteArray loginAck()
+{
+    const QString product = QStringLiteral("Microsoft SQL Server");
+    return token(char(0xad), QByteArray::fromHex("0174000004") + char(product.size()) + utf16Bytes(product)
+                                 + QByteArray::fromHex("0f000000"))
+        + QByteArray::fromHex(kPacketSize);
+}
+
 // The database the login landed in, as the server tells it.
 QByteArray databaseChange(const QString &database)
 {
     return token(char(0xe3), QByteArray(1, '\x01') + char(database.size()) + utf16Bytes(database) + QByteArray(1, '\0'));
 }
 
-// A result set of one nvarchar column "name", then done with its count.
-QByteArray rowTokens(const QStringList &values)
+// A result set of one nvarchar column, then done with its count.
+QByteArray rowTokens(const QStringList &values, const QString &column = QStringLiteral("name"))
 {
-    const QByteArray name = utf16Bytes(QStringLiteral("name"));
+    const QByteArray name = utf16Bytes(column);
     QByteArray tokens = QByteArray::fromHex("8101000000000001" "00e700010904d00034") + char(name.size() / 2) + name;
     for (const QString &value : values) {
         char length[2];
@@ -154,7 +165,19 @@ QString TdsListener::dataSource() const
 TdsListener::Received TdsListener::received() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_received;
+    Received received = m_received;
+    std::vector<std::pair<int, int>> changes; // (batch number, +1 at a first batch, -1 after a last)
+    for (const auto &[first, last] : m_spans) {
+        changes.emplace_back(first, 1);
+        changes.emplace_back(last, -1);
+    }
+    std::sort(changes.begin(), changes.end(), [](const auto &a, const auto &b) {
+        return a.first != b.first ? a.first < b.first : a.second > b.second;
+    });
+    int atOnce = 0;
+    for (const auto &[number, change] : changes)
+        received.mostAtOnce = std::max(received.mostAtOnce, atOnce += change);
+    return received;
 }
 
 void TdsListener::converse(int client)
@@ -163,6 +186,7 @@ void TdsListener::converse(int client)
         const std::lock_guard lock(m_mutex);
         ++m_received.connections;
     }
+    std::optional<size_t> span;
     char type = 0;
     QByteArray body;
     while (readPacket(client, &type, &body)) {
@@ -182,12 +206,19 @@ void TdsListener::converse(int client)
                 reply(client, packet(errorTokens(*m_script.loginError)));
             else
                 reply(client, packet((m_script.landsIn.isEmpty() ? QByteArray() : databaseChange(m_script.landsIn))
-                                     + QByteArray::fromHex(kLoginAck) + QByteArray::fromHex(kDone)));
+                                     + loginAck() + QByteArray::fromHex(kDone)));
         } else if (type == kAttention) {
             reply(client, packet(QByteArray::fromHex(kCancelled)));
         } else if (type == kBatch) {
             const QString text = batchText(body);
-            m_received.batches << text;
+            const int number = ++m_received.batchCount;
+            if (!span) {
+                span = m_spans.size();
+                m_spans.emplace_back(number, number);
+            }
+            m_spans[*span].second = number;
+            if (m_script.keepsBatches)
+                m_received.batches << text;
             const auto begins = [&text](const QString &start) { return !start.isEmpty() && text.startsWith(start); };
             if (begins(m_script.hangUpBatch))
                 return;
@@ -196,8 +227,14 @@ void TdsListener::converse(int client)
                 if (begins(rows.key()))
                     answer = rowTokens(rows.value());
             }
+            if (text.contains(QLatin1String("sp_getapplock")))
+                answer = rowTokens({QString::number(m_script.appLockAnswer)}, QStringLiteral("granted"));
             if (begins(m_script.refusedBatch))
                 answer = errorTokens({kRefusal, QStringLiteral("Refused by the listener.")});
+            if (begins(m_script.blockedBatch) && m_blocked < m_script.blockedTimes) {
+                ++m_blocked;
+                answer = errorTokens({kLockRequestTimedOut, QStringLiteral("Lock request time out period exceeded.")});
+            }
             if (!begins(m_script.unansweredBatch))
                 reply(client, packet(answer));
         }

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <vector>
 
 // A listener on the loopback address that speaks just enough of SQL Server's
 // TDS protocol for the real driver to log in and send batches, and records
@@ -36,17 +37,27 @@ public:
         QString landsIn;                 // every login answered as landing in this database
         QHash<QString, QStringList> rows; // batches so begun answered with these values, as a column "name"
         std::chrono::milliseconds batchTime{0}; // how long each batch takes the server to answer
+        bool keepsBatches = true;               // false: only counted, for fleets of thousands
+        int appLockAnswer = 0;           // what sp_getapplock returns: 0 granted, -1 timed out
+        QString blockedBatch;            // refused with kLockRequestTimedOut...
+        int blockedTimes = 0;            // ...this many times, then answered
     };
 
     struct Received
     {
         int connections = 0;
+        // Sessions at work at once, at most: each from its first batch to its
+        // last, by the order batches arrived in, which a session's close and
+        // the next one's login cannot blur.
+        int mostAtOnce = 0;
+        int batchCount = 0;
         QString user;
         QString database; // as named in the login
         QStringList batches;
     };
 
     static constexpr int kRefusal = 50123;
+    static constexpr int kLockRequestTimedOut = 1222;
 
     TdsListener();
     explicit TdsListener(Script script);
@@ -65,6 +76,8 @@ private:
     int m_port = 0;
     mutable std::mutex m_mutex;
     Received m_received;
+    std::vector<std::pair<int, int>> m_spans; // each session's first and last batch, numbered as they arrived
+    int m_blocked = 0; // refusals of the blocked batch so far
     std::thread m_thread;
     std::list<std::thread> m_clients; // joined once no more are taken
 };

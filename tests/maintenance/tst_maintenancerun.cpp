@@ -18,7 +18,9 @@ public:
     DatabaseFile file;
     bool stopWhenAskedForAFile = false;
     int stopAfterStatements = -1;
+    int sendAgainTimes = 0; // how often the host asks for a statement to be sent again
 
+    bool sendAgain(const StatementOutcome &) override { return sendAgainTimes-- > 0; }
     void setCaption(const QString &caption) override { calls << "caption " + caption; }
     void showWindow() override { calls << "show"; }
     void setProgressMaximum(int maximum) override { calls << QStringLiteral("maximum %1").arg(maximum); }
@@ -85,6 +87,7 @@ private slots:
     void databaseThatCannotBeOpened_data();
     void databaseThatCannotBeOpened();
     void hostMayStopBetweenStatements();
+    void hostMaySendAStatementAgainInItsPlace();
 };
 
 void TestMaintenanceRun::hostSeesTheRunInOrder()
@@ -187,3 +190,23 @@ void TestMaintenanceRun::hostMayStopBetweenStatements()
 
 QTEST_GUILESS_MAIN(TestMaintenanceRun)
 #include "tst_maintenancerun.moc"
+
+void TestMaintenanceRun::hostMaySendAStatementAgainInItsPlace()
+{
+    // A lock refusal, which the window's host takes as it comes: sent once.
+    DbStatus refused = DbStatus::failure(QStringLiteral("Lock request time out period exceeded."), 1222);
+    Run window;
+    window.server.failingWith.insert(QStringLiteral("B"), refused);
+    const Steps steps{Step::execute(Action::AddColumn, "A"), Step::execute(Action::AddColumn, "B"),
+                      Step::guard("C", Recordset::Check, {Step::execute(Action::InsertBuiltInRow, "D")})};
+    window(QStringLiteral("QuorvexA"), steps);
+    QCOMPARE(window.sent(), (QStringList{"A", "B", "C", "D"}));
+
+    Run again;
+    again.host.sendAgainTimes = 2;
+    again(QStringLiteral("QuorvexA"), steps);
+    QCOMPARE(again.sent(), (QStringList{"A", "A", "A", "B", "C", "D"}));
+    QCOMPARE(again.host.statements.size(), 4);
+    QCOMPARE(again.host.statements[0].tries, 3);
+    QCOMPARE(again.host.statements[1].tries, 1);
+}

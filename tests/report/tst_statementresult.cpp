@@ -29,6 +29,8 @@ void TestStatementResult::expectedRefusalsAreToldApart_data()
         << Action::CreateView << 208 << missing.arg("tblStock") << StatementResult::SourceTableMissing;
     QTest::newRow("a view reading a table a run creates")
         << Action::CreateView << 208 << missing.arg("tblPartyInfo") << StatementResult::Failed;
+    QTest::newRow("refused its locks") << Action::DropTable << 1222 << "Lock request time out period exceeded."
+                                       << StatementResult::Blocked;
     QTest::newRow("another number") << Action::AddColumn << 207 << "Invalid column name 'x'." << StatementResult::Failed;
     QTest::newRow("SQLite: already exists") << Action::CreateTable << 1 << "table x already exists" << StatementResult::AlreadyExisted;
     QTest::newRow("SQLite: no such table to drop") << Action::DropTable << 1 << "no such table: x" << StatementResult::NotThereToDrop;

@@ -3,6 +3,7 @@
 #include "mdzrt.h"
 #include "picturebutton.h"
 #include "scriptedconnection.h"
+#include "scriptfixture.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -265,6 +266,9 @@ void TestFrmZrt::pressingTheProcessButton()
             post(queued);
     });
 
+    // A statement refused its locks: the window takes the refusal as it comes.
+    f.shared.failingWith.insert(QStringLiteral("drop table [dbo].[tblKWClientInfo]"),
+                                DbStatus::failure(QStringLiteral("Lock request time out period exceeded."), 1222));
     if (key)
         QTest::keyClick(process, Qt::Key(key));
     else
@@ -278,6 +282,11 @@ void TestFrmZrt::pressingTheProcessButton()
     QCOMPARE(seen, runs ? QList<int>({100, 200, 300, 400, 500, 600, 700, 800, 900, 1000}) : QList<int>());
     QCOMPARE(f.shared.calls().filter(QRegularExpression(QStringLiteral("^open "))),
              runs ? QStringList{kOpenOffline + database + ";Data Source="} : QStringList());
+    // Each statement of the sequence once, and nothing else: no lock, no lock timeout.
+    QStringList sent;
+    for (const QString &call : f.shared.calls().mid(1))
+        sent << call.section(QLatin1Char(' '), 1);
+    QCOMPARE(sent, runs ? wholeRunFixtureStatements() : QStringList());
     // The refusal: its message, and the focus back on the database list.
     QCOMPARE(f.dialogs.messages, database.isEmpty() ? QStringList{kDatabaseNotFound} : QStringList());
     QCOMPARE(QApplication::focusWidget() == f.combo("cmbDataBase"), database.isEmpty());
