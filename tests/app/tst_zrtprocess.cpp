@@ -200,19 +200,14 @@ private slots:
         TdsListener server({.rows = {{kListing, {"QuorvexA"}}}});
         const QString dir = m_dir.filePath(QStringLiteral("said-") + QTest::currentDataTag());
         QVERIFY(QDir().mkpath(dir + "/retried"));
-        QFile fleet(dir + "/fleet.toml");
-        QVERIFY(fleet.open(QIODevice::WriteOnly));
-        fleet.write("[[server]]\nserver = \"" + server.dataSource().toUtf8() + "\"\nmode = \"LOCAL\"\n");
-        fleet.close();
-        QFile index(dir + "/retried/index.json");
-        QVERIFY(index.open(QIODevice::WriteOnly));
-        index.write(QJsonDocument(QJsonObject{
-                                      {"type", "index"}, {"format", 1}, {"command", "run"},
-                                      {"servers", QJsonArray{QJsonObject{{"server", server.dataSource()}, {"mode", "LOCAL"}}}},
-                                      {"databases", QJsonArray{QJsonObject{{"database", "QuorvexA"}, {"server", server.dataSource()},
-                                                                           {"mode", "LOCAL"}, {"outcome", "not done"}}}}})
-                        .toJson());
-        index.close();
+        const QByteArray at = server.dataSource().toUtf8();
+        for (const auto &[path, text] : {std::pair{"/fleet.toml", "[[server]]\nserver = \"" + at + "\"\nmode = \"LOCAL\"\n"},
+                                         {"/retried/index.json", R"({"type": "index", "format": 1, "command": "run", "servers": [{"server": ")"
+                                          + at + R"(", "mode": "LOCAL"}], "databases": [{"database": "QuorvexA", "server": ")" + at
+                                          + R"(", "mode": "LOCAL", "outcome": "not done"}]})"}}) {
+            QFile file(dir + path);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        }
         for (QString &argument : arguments) {
             argument = argument == "L" ? server.dataSource() : argument == "F" ? dir + "/fleet.toml" : argument == "R" ? dir + "/retried" : argument;
             argument.replace(QRegularExpression("^D"), dir);
