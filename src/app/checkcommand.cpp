@@ -154,7 +154,7 @@ int checkAll(const QCommandLineParser &parser, bool json, CommandContext &contex
     int status = kExitOk;
     int byOutcome[kCheckOutcomes] = {};
     for (const ListingOutcome &listing : all.listings)
-        status = listing.failed() ? kExitNothingDone : status;
+        status = listing.failed() || !listing.refused.isEmpty() ? kExitNothingDone : status;
     for (qsizetype i = 0; i < all.databases.size(); ++i) {
         ++byOutcome[int(fleetOutcome(all, i))];
         status = moreSerious(status, exitStatus(fleetOutcome(all, i)));

@@ -2,6 +2,7 @@
 
 #include "commandsyntax.h"
 #include "connectionprofiles.h"
+#include "databaselisting.h"
 #include "odbckeywords.h"
 #include "printabletext.h"
 #include "programversion.h"
@@ -107,8 +108,15 @@ std::optional<int> parseOptions(QCommandLineParser &parser, const QString &comma
         context.err << "zrt " << command << ": " << refusal << "\n";
         return kExitUsage;
     }
-    // Only what the command defines is asked of the parser: script and merge have no --server.
-    const QString server = parser.optionNames().contains(QStringLiteral("server")) ? parser.value(QStringLiteral("server")) : QString();
+    // Only options the command defines are asked of the parser: Qt warns of any other.
+    const QStringList given = parser.optionNames();
+    for (const QString &name : given) {
+        if (given.count(name) > 1) {
+            context.err << "zrt " << command << ": --" << name << " is given more than once\n";
+            return kExitUsage;
+        }
+    }
+    const QString server = given.contains(QStringLiteral("server")) ? parser.value(QStringLiteral("server")) : QString();
     if (const QString refusal = serverNameRefusal(server); !refusal.isEmpty()) {
         context.err << "zrt " << command << ": " << refusal << "\n";
         return kExitUsage;
@@ -208,6 +216,11 @@ std::optional<DatabaseChoice> checkedDatabaseChoice(const QCommandLineParser &pa
     const QString database = parser.value(QStringLiteral("database"));
     if (database.isEmpty()) {
         context.err << "zrt " << command << ": --database names no database\n";
+        return std::nullopt;
+    }
+    if (const QString refusal = databaseNameRefusal(database); !refusal.isEmpty()) {
+        context.err << "zrt " << command << ": --database '" << escapedControls(database) << "' is no database's name: "
+                    << refusal << "\n";
         return std::nullopt;
     }
     const std::optional<QString> odbc = givenOdbc(parser);

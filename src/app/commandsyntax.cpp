@@ -11,14 +11,19 @@ constexpr OptionSyntax kOptions[] = {
     {"all", "", ValueKind::None,
      "Every database that the server lists (or that the --odbc string reaches), each on a connection of its own."},
     {"fleet", "FILE", ValueKind::File,
-     "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with server, mode, "
-     "and optional odbc_env (the name of an environment variable holding the server's ODBC string), include and "
-     "exclude (glob patterns over the names), and jobs (at most so many of that server's databases at once); a "
-     "top-level jobs is the default of --jobs; lock_timeout, lock_retries and lock_wait, at the top or in a "
-     "[[server]], are the defaults of those options."},
+     "Every database of the servers of the fleet file FILE (TOML): one [[server]] table each, with mode, server, "
+     "and optional odbc_env (the name of an environment variable holding the server's ODBC string; a server beside "
+     "it must be the one the string reaches), label (a name for the reports), include and exclude (patterns over "
+     "the names: * ? [...] [!...], a literal [ as [[]), and jobs (at most so many of that server's databases at "
+     "once); a top-level jobs is the default of --jobs; lock_timeout, lock_retries and lock_wait, at the top or in "
+     "a [[server]], are the defaults of those options. Two tables that reach one server are refused. With "
+     "--retry: the fleet file to take the servers' connections from now."},
     {"retry", "FOLDER", ValueKind::Folder,
      "Only the databases that an earlier invocation, whose folder is FOLDER, did not complete (for check: that "
-     "did not match), on the servers they were on; the new folder goes beside FOLDER unless --report-dir says."},
+     "did not match) and their servers still list; each server reached as the fleet file that the index names "
+     "says, while its content is unchanged (else give --fleet), or, for a folder made with --all, as --mode and "
+     "--server or --odbc say again. An index entry that is not what zrt writes, or that says other than the "
+     "operator's input, is refused. The new folder goes beside FOLDER unless --report-dir says."},
     {"shard", "K/N", ValueKind::Text,
      "Only the K-th of N parts of the databases, each database's part fixed by its server and name (adding a "
      "database moves no other): N hosts given 1/N to N/N do the whole fleet once; zrt merge joins their folders."},
@@ -76,9 +81,9 @@ constexpr FormSyntax kRunForms[] = {
     {"fleet", "--fleet FILE [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
               "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] "
               "[--json | --quiet | --verbose]"},
-    {"retry", "--retry FOLDER [--odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
-              "[--statement-timeout SECONDS] [--lock-timeout SECONDS] [--lock-retries N] [--lock-wait SECONDS] "
-              "[--json | --quiet | --verbose]"},
+    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--shard K/N] [--jobs N] "
+              "[--max-failures N] [--report-dir DIR] [--statement-timeout SECONDS] [--lock-timeout SECONDS] "
+              "[--lock-retries N] [--lock-wait SECONDS] [--json | --quiet | --verbose]"},
 };
 constexpr FormSyntax kCheckForms[] = {
     {"", "--mode MODE --database NAME [--server NAME | --odbc STRING] [--lock-wait SECONDS] [--json]"},
@@ -86,8 +91,8 @@ constexpr FormSyntax kCheckForms[] = {
             "[--report-dir DIR] [--lock-wait SECONDS] [--json]"},
     {"fleet", "--fleet FILE [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] "
               "[--json]"},
-    {"retry", "--retry FOLDER [--odbc STRING] [--shard K/N] [--jobs N] [--max-failures N] [--report-dir DIR] "
-              "[--lock-wait SECONDS] [--json]"},
+    {"retry", "--retry FOLDER [--fleet FILE | --mode MODE [--server NAME | --odbc STRING]] [--shard K/N] [--jobs N] "
+              "[--max-failures N] [--report-dir DIR] [--lock-wait SECONDS] [--json]"},
 };
 constexpr FormSyntax kMergeForms[] = {{"", "[--report-dir DIR] FOLDER..."}};
 constexpr FormSyntax kHelpForms[] = {{"", "[COMMAND]"}};
@@ -100,7 +105,8 @@ constexpr CommandSyntax kCommands[] = {
      "Prints the Quorvex databases of the server, one per line, as the window lists\n"
      "them; with --odbc or ZRT_ODBC the string reaches the server. With --fleet,\n"
      "each server's databases that its patterns admit, each line the server, a tab\n"
-     "and the name. Exit 4 when a server cannot be reached."},
+     "and the name. Exit 4 when a server cannot be reached, or takes the login and\n"
+     "does not list its databases within 30 s."},
     {"run", "run the maintenance on one database, with a summary and a report", kRunForms,
      "Runs the maintenance on one database, as the window does, and prints what\n"
      "its statements did, failures grouped by message. ONLINE mode opens only on\n"
@@ -184,7 +190,7 @@ constexpr TermSyntax kEnvironment[] = {
     {"ZRT_ODBC", "an ODBC connection string used as --odbc is, where\nneither --odbc nor --server is given"},
     {"NAME", "in a fleet file, odbc_env = \"NAME\" names a variable that\nholds that server's ODBC string"},
     {"DISPLAY", "without a command, zrt opens the window where this,\nWAYLAND_DISPLAY or QT_QPA_PLATFORM is set"},
-    {"NO_COLOR", "set to anything, even empty: no colours on a terminal"},
+    {"NO_COLOR", "set to anything but empty: no colours on a terminal"},
 };
 
 constexpr std::array<const char *, 3> kModes = {ConnectionProfiles::kOffline, ConnectionProfiles::kLocal,

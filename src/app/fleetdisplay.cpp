@@ -139,8 +139,15 @@ void printListingFailures(const QString &command, const QList<FleetServer> &serv
                           CommandContext &context)
 {
     for (qsizetype i = 0; i < servers.size(); ++i) {
-        if (fleet.listings[i].failed())
-            context.err << "zrt " << command << ": "
-                        << escapedControls(listingFailureText(fleet.listings[i], listingTarget(servers[i]))) << "\n";
+        const ListingOutcome &listing = fleet.listings[i];
+        const QString where = listingTarget(servers[i]);
+        if (listing.failed())
+            context.err << "zrt " << command << ": " << escapedControls(listingFailureText(listing, where)) << "\n";
+        for (const QString &refused : listing.refused)
+            context.err << "zrt " << command << ": " << escapedControls(where) << " lists a database that is left alone: "
+                        << refused << "\n";
+        if (!listing.noLongerListed.isEmpty())
+            context.err << "zrt " << command << ": " << escapedControls(where) << " no longer lists, so they are not retried: "
+                        << escapedControls(listing.noLongerListed.join(QLatin1String(", "))) << "\n";
     }
 }

@@ -8,51 +8,77 @@
 #include "odbckeywords.h"
 #include "outputfile.h"
 #include "printabletext.h"
+#include "serveraddress.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
 
-// Why a fleet's server cannot be taken, or nothing; its mode then as the
-// command line names it.
-std::optional<FleetRefusal> serverRefusal(QString &mode, const QString &server, const QString &odbcEnv,
-                                          const std::optional<Encryption> &encryption)
+// Why a fleet file's server cannot be taken, or nothing; its mode then as the
+// command line names it, and its server and reach as its connections lead:
+// with odbc_env, the server its string names.
+std::optional<FleetRefusal> serverRefusal(FleetFileServer &server)
 {
-    const std::optional<QString> named = modeNamed(mode);
+    const std::optional<QString> named = modeNamed(server.mode);
     if (!named)
-        return FleetRefusal{QStringLiteral("mode"), unknownModeText(mode)};
-    mode = *named;
-    if (const QString refusal = serverNameRefusal(server); !refusal.isEmpty())
+        return FleetRefusal{QStringLiteral("mode"), unknownModeText(server.mode)};
+    server.mode = *named;
+    if (const QString refusal = serverNameRefusal(server.server); !refusal.isEmpty())
         return FleetRefusal{QStringLiteral("server"), refusal};
-    if (encryption) {
-        if (!odbcEnv.isEmpty())
-            return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("its ODBC string says how it is encrypted, not encrypt or tls_ca")};
-        if (const std::optional<EncryptionRefusal> refusal =
-                encryptionRefusal(*encryption, QStringLiteral("encrypt"), QStringLiteral("tls_ca")))
-            return FleetRefusal{refusal->key, refusal->reason};
-    }
-    if (odbcEnv.isEmpty())
+    server.reach = ConnectionProfiles::runDataSource(server.mode, server.server);
+    if (server.mode == QLatin1String(ConnectionProfiles::kOnline))
+        server.reach = ConnectionProfiles::onlineDataSource();
+    if (server.odbcEnv.isEmpty())
         return std::nullopt;
-    if (mode == QLatin1String(ConnectionProfiles::kOnline))
+    const QString variable = escapedControls(server.odbcEnv);
+    if (server.mode == QLatin1String(ConnectionProfiles::kOnline))
         return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("goes with mode OFFLINE or LOCAL, not ONLINE")};
-    if (qEnvironmentVariableIsEmpty(odbcEnv.toLocal8Bit().constData()))
-        return FleetRefusal{QStringLiteral("odbc_env"),
-                            QStringLiteral("the environment variable %1 is not set").arg(escapedControls(odbcEnv))};
+    if (qEnvironmentVariableIsEmpty(server.odbcEnv.toLocal8Bit().constData()))
+        return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("the environment variable %1 is not set").arg(variable)};
+    // The string decides where the databases are: the reports name what it reaches.
+    const QString reached = odbcServer(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()));
+    if (reached.isEmpty() && !server.server.isEmpty())
+        return FleetRefusal{QStringLiteral("server"),
+                            QStringLiteral("the string in %1 names no SERVER to hold it to (a name for the reports goes in label)")
+                                .arg(variable)};
+    if (const QString refusal = serverNameRefusal(reached); !refusal.isEmpty())
+        return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("the SERVER of the string in %1 holds one of ; { } =").arg(variable)};
+    if (!server.server.isEmpty() && !sameServer(server.server, reached))
+        return FleetRefusal{QStringLiteral("server"),
+                            QStringLiteral("the string in %1 reaches another server (a name for the reports goes in label)").arg(variable)};
+    server.server = reached;
+    // A string naming no server (a DSN's) reaches what its variable says.
+    server.reach = reached.isEmpty() ? QLatin1String("odbc_env ") + server.odbcEnv : reached;
+    return std::nullopt;
+}
+
+// Why a server's own encryption cannot be taken, or nothing.
+std::optional<FleetRefusal> encryptionRefusalOf(const std::optional<Encryption> &encryption, const QString &odbcEnv)
+{
+    if (!encryption)
+        return std::nullopt;
+    if (!odbcEnv.isEmpty())
+        return FleetRefusal{QStringLiteral("odbc_env"), QStringLiteral("its ODBC string says how it is encrypted, not encrypt or tls_ca")};
+    if (const std::optional<EncryptionRefusal> refusal =
+            encryptionRefusal(*encryption, QStringLiteral("encrypt"), QStringLiteral("tls_ca")))
+        return FleetRefusal{refusal->key, refusal->reason};
     return std::nullopt;
 }
 
 // The server's connections: through its variable's ODBC string, else the mode's own login.
 void connect(FleetServer &server, CommandContext &context, int statementSeconds)
 {
+    server.statementSeconds = statementSeconds;
+    const QString label = server.label.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(server.label);
     if (server.odbcEnv.isEmpty()) {
         server.connections = context.sqlServer(statementSeconds, server.encryption);
-        server.target = serverTarget(ConnectionProfiles::runDataSource(server.mode, server.server));
+        server.target = serverTarget(ConnectionProfiles::runDataSource(server.mode, server.server)) + label;
         return;
     }
     server.connections = context.odbc(qEnvironmentVariable(server.odbcEnv.toLocal8Bit().constData()), statementSeconds);
     const QString from = QStringLiteral("ODBC from %1").arg(server.odbcEnv);
-    server.target = server.server.isEmpty() ? from : QStringLiteral("server %1 (%2)").arg(server.server, from);
+    server.target = server.server.isEmpty() ? from + label : QStringLiteral("server %1%2 (%3)").arg(server.server, label, from);
 }
 
 std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &context, int statementSeconds,
@@ -69,13 +95,14 @@ std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &c
         return own;
     };
     const FleetFileReading reading = readFleetFile(path, [&encryption](FleetFileServer &server) {
-        return serverRefusal(server.mode, server.server, server.odbcEnv, encryption(server));
+        const std::optional<FleetRefusal> refusal = serverRefusal(server);
+        return refusal ? refusal : encryptionRefusalOf(encryption(server), server.odbcEnv);
     });
     if (!reading.fleet) {
         error = reading.error;
         return std::nullopt;
     }
-    FleetServers fleet{{}, reading.fleet->jobs};
+    FleetServers fleet{{}, reading.fleet->jobs, FleetFileOrigin{QFileInfo(path).absoluteFilePath(), reading.digest}};
     const LockPolicy fleetLocks = withLockKeys(LockPolicy{}, reading.fleet->locks);
     for (const FleetFileServer &entry : reading.fleet->servers) {
         FleetServer server;
@@ -84,40 +111,13 @@ std::optional<FleetServers> fromFleetFile(const QString &path, CommandContext &c
         server.mode = entry.mode;
         server.odbcEnv = entry.odbcEnv;
         server.encryption = encryption(entry);
+        server.label = entry.label;
         server.patterns = entry.patterns;
         server.jobs = entry.jobs.value_or(0);
         connect(server, context, statementSeconds);
         fleet.servers << server;
     }
     return fleet;
-}
-
-// A string given with --odbc is not kept: a retry is given it again.
-std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandContext &context, int statementSeconds,
-                                      QString &error)
-{
-    const QString folder = parser.value(QStringLiteral("retry"));
-    FleetRetry retry = readRetry(folder);
-    error = retry.error;
-    for (FleetServer &server : retry.servers) {
-        if (const std::optional<FleetRefusal> refusal =
-                serverRefusal(server.mode, server.server, server.odbcEnv, server.encryption)) {
-            error = QStringLiteral("%1: server '%2': %3").arg(folder, server.server, refusal->reason);
-        } else if (server.odbc.isEmpty()) {
-            connect(server, context, statementSeconds);
-        } else if (const std::optional<QString> odbc = givenOdbc(parser)) {
-            server.connections = context.odbc(*odbc, statementSeconds);
-            server.target = QLatin1String("ODBC ") + withoutPasswords(*odbc);
-        } else {
-            error = QStringLiteral("%1 was run through the ODBC string %2: give it again with --odbc or ZRT_ODBC")
-                        .arg(folder, server.odbc);
-        }
-        if (!error.isEmpty())
-            break;
-    }
-    if (!error.isEmpty())
-        return std::nullopt;
-    return FleetServers{retry.servers, std::nullopt};
 }
 
 std::optional<FleetServers> fromOneServer(const QCommandLineParser &parser, CommandContext &context,
@@ -139,15 +139,89 @@ std::optional<FleetServers> fromOneServer(const QCommandLineParser &parser, Comm
     server.server = parser.value(QStringLiteral("server"));
     if (!odbc) {
         connect(server, context, statementSeconds);
-        return FleetServers{{server}, std::nullopt};
+        return FleetServers{{server}, std::nullopt, std::nullopt};
     }
     if (parser.isSet(QStringLiteral("odbc")))
         server.odbc = withoutPasswords(*odbc);
     else
         server.odbcEnv = QStringLiteral("ZRT_ODBC");
+    server.server = odbcServer(*odbc);
+    server.statementSeconds = statementSeconds;
     server.connections = context.odbc(*odbc, statementSeconds);
     server.target = QLatin1String("ODBC ") + withoutPasswords(*odbc);
-    return FleetServers{{server}, std::nullopt};
+    return FleetServers{{server}, std::nullopt, std::nullopt};
+}
+
+// What the operator names now for a retry of `folder`: the fleet file given
+// with --fleet, else the one the index names if it is still as it was; for a
+// folder made with --all, the server named again.
+std::optional<FleetServers> operatorsServers(const QCommandLineParser &parser, const QString &folder,
+                                             const FleetRetry &retry, CommandContext &context, int statementSeconds,
+                                             QString &error)
+{
+    if (parser.isSet(QStringLiteral("fleet")))
+        return fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
+    if (retry.fleetFile) {
+        const QString &path = retry.fleetFile->path;
+        QString refusal = QFileInfo::exists(path) ? QString() : QStringLiteral("the fleet file %1 that %2 was made from is gone");
+        std::optional<FleetServers> fleet;
+        if (refusal.isEmpty())
+            fleet = fromFleetFile(path, context, statementSeconds, error);
+        if (fleet && fleet->fleetFile->digest != retry.fleetFile->digest)
+            refusal = QStringLiteral("the fleet file %1 has changed since %2 was made");
+        if (refusal.isEmpty())
+            return fleet;
+        error = refusal.arg(path, folder) + QLatin1String(": give --fleet FILE to take a file as it is now");
+        return std::nullopt;
+    }
+    if (!parser.isSet(QStringLiteral("mode"))) {
+        error = QStringLiteral("%1 was made with --all: give its --mode and --server (or --odbc) again").arg(folder);
+        return std::nullopt;
+    }
+    return fromOneServer(parser, context, statementSeconds, error);
+}
+
+// The servers the index leaves work on, each as the operator's input
+// reaches it; whatever the index says of them is that input's, or refused.
+std::optional<FleetServers> fromRetry(const QCommandLineParser &parser, CommandContext &context, int statementSeconds,
+                                      QString &error)
+{
+    const QString folder = parser.value(QStringLiteral("retry"));
+    const FleetRetry retry = readRetry(folder);
+    error = retry.error;
+    std::optional<FleetServers> given;
+    if (error.isEmpty())
+        given = operatorsServers(parser, folder, retry, context, statementSeconds, error);
+    if (!given)
+        return std::nullopt;
+    const QString origin = given->fleetFile ? given->fleetFile->path : QStringLiteral("the server given");
+    FleetServers fleet{{}, std::nullopt, given->fleetFile};
+    QList<qsizetype> taken;
+    for (const RetryServer &left : retry.servers) {
+        const auto found = std::find_if(given->servers.begin(), given->servers.end(),
+                                        [&left](const FleetServer &server) {
+                                            return sameServer(server.server, left.server)
+                                                && (!left.server.isEmpty() || server.odbcEnv == left.odbcEnv);
+                                        });
+        const qsizetype place = found - given->servers.begin();
+        const QString entry = QStringLiteral("%1: servers entry %2 ('%3')").arg(folder).arg(left.entry).arg(left.server);
+        if (found == given->servers.end())
+            error = QStringLiteral("%1 is not a server of %2").arg(entry, origin);
+        else if (taken.contains(place))
+            error = QStringLiteral("%1 reaches a server that an earlier entry reaches").arg(entry);
+        else if (found->mode != left.mode)
+            error = QStringLiteral("%1 says mode %2, %3 says %4").arg(entry, left.mode, origin, found->mode);
+        else if (found->odbcEnv != left.odbcEnv)
+            error = QStringLiteral("%1 says odbcEnv '%2', %3 says '%4'").arg(entry, left.odbcEnv, origin, found->odbcEnv);
+        if (!error.isEmpty())
+            return std::nullopt;
+        taken << place;
+        FleetServer server = *found;
+        if (left.listed)
+            server.databases = left.left;
+        fleet.servers << server;
+    }
+    return fleet;
 }
 
 // A whole number from `least` up given with `option`, or nothing; `error` says so when it is not one.
@@ -180,10 +254,10 @@ std::optional<FleetServers> checkedServers(const QCommandLineParser &parser, con
     std::optional<FleetServers> fleet;
     // Only what the command's forms define is asked of the parser: list has no --retry.
     const QStringList given = parser.optionNames();
-    if (given.contains(QStringLiteral("fleet")))
-        fleet = fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
-    else if (given.contains(QStringLiteral("retry")))
+    if (given.contains(QStringLiteral("retry")))
         fleet = fromRetry(parser, context, statementSeconds, error);
+    else if (given.contains(QStringLiteral("fleet")))
+        fleet = fromFleetFile(parser.value(QStringLiteral("fleet")), context, statementSeconds, error);
     else
         fleet = fromOneServer(parser, context, statementSeconds, error);
     if (!fleet)
@@ -203,6 +277,7 @@ std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QS
     FleetWork work;
     work.command = command;
     work.servers = servers->servers;
+    work.fleetFile = servers->fleetFile;
     // Given on the command line, a value holds for every server, as --jobs does over the file's.
     for (FleetServer &server : work.servers)
         server.locks = withLockKeys(server.locks, *locks);

@@ -16,6 +16,7 @@ struct FleetServers
 {
     QList<FleetServer> servers;
     std::optional<int> jobs;
+    std::optional<FleetFileOrigin> fleetFile;
 };
 
 std::optional<FleetServers> checkedServers(const QCommandLineParser &parser, const QString &command,

@@ -18,7 +18,7 @@ int listCommand(const QStringList &arguments, CommandContext &context)
     const std::optional<FleetServers> fleet = checkedServers(parser, QStringLiteral("list"), context, kDefaultStatementSeconds);
     if (!fleet)
         return kExitUsage;
-    const FleetRecord listed = listFleet(fleet->servers, std::nullopt);
+    const FleetRecord listed = listFleet(fleet->servers, std::nullopt, context.stop);
     const bool json = parser.isSet(QStringLiteral("json"));
     // With a fleet file each name comes after its server.
     const bool named = parser.isSet(QStringLiteral("fleet"));
@@ -36,8 +36,9 @@ int listCommand(const QStringList &arguments, CommandContext &context)
                              {QStringLiteral("databases"), QJsonArray::fromStringList(names)}};
         if (!server.odbcEnv.isEmpty())
             document.insert(QStringLiteral("odbcEnv"), server.odbcEnv);
-        if (listed.listings[i].failed()) {
+        if (listed.listings[i].failed() || !listed.listings[i].refused.isEmpty())
             status = kExitNothingDone;
+        if (listed.listings[i].failed()) {
             document.insert(QStringLiteral("error"), listingFailureText(listed.listings[i], listingTarget(server)));
         }
         servers.append(document);

@@ -75,6 +75,9 @@ int main(int argc, char *argv[])
         err << "zrt: cannot start the window: " << execWindow() << "; give a command\n\n" << programHelp();
         return kExitUsage;
     }
+    // What Qt says to itself is no concern of an operator's: the commands say
+    // what went wrong in their own words.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     handleSignals();
     CommandContext context{out, err,
                            [](int statementSeconds, const std::optional<Encryption> &encryption) {

@@ -64,7 +64,7 @@ int allExitStatus(const AllRunsResult &all)
     int status = kExitOk;
     bool lost = !all.indexErrors.isEmpty();
     for (const ListingOutcome &listing : all.listings)
-        status = listing.failed() ? kExitNothingDone : status;
+        status = listing.failed() || !listing.refused.isEmpty() ? kExitNothingDone : status;
     for (qsizetype i = 0; i < all.databases.size(); ++i) {
         const std::optional<DatabaseRunResult> &result = all.results[i];
         status = moreSerious(status, exitStatusOf(fleetOutcome(all, i), result));

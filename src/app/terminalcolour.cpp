@@ -10,7 +10,7 @@ static_assert(std::size(kCodes) == int(Tint::Grey) + 1);
 
 QString tinted(const QString &text, Tint tint, bool terminal)
 {
-    if (!terminal || qEnvironmentVariableIsSet("NO_COLOR"))
+    if (!terminal || !qEnvironmentVariableIsEmpty("NO_COLOR"))
         return text;
     return QStringLiteral("\x1b[%1m%2\x1b[0m").arg(QLatin1String(kCodes[int(tint)]), text);
 }

@@ -27,6 +27,9 @@ public:
     virtual DbStatus rollback() = 0;
     virtual DbStatus close() = 0;
     virtual bool isOpen() const = 0;
+    // From another thread: asks the statement under way, if any, to end now
+    // as failed. Where nothing can be asked, nothing happens.
+    virtual void cancel() {}
     // The database engine as its driver names it once open ("Microsoft SQL
     // Server", "SQLite"); empty when it does not say.
     virtual QString engine() const { return QString(); }

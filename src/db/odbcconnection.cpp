@@ -196,6 +196,13 @@ DbStatus OdbcConnection::run(const QString &sql, int timeoutSeconds, ResultSet *
     if (!statement.isValid())
         return m_session->connection.failure();
     SQLSetStmtAttrW(statement.get(), SQL_ATTR_QUERY_TIMEOUT, attribute(timeoutSeconds), SQL_IS_UINTEGER);
+    // Known to cancel() until it ends, and never once its handle is freed.
+    setRunning(statement.get());
+    struct Ended
+    {
+        OdbcConnection *connection;
+        ~Ended() { connection->setRunning(nullptr); }
+    } ended{this};
     SQLRETURN result = SQLExecDirectW(statement.get(), wide(sql), SQLINTEGER(sql.size()));
     std::optional<ResultSet> rows;
     // Every result is walked, so that a failure in any of them is seen and the
@@ -218,6 +225,19 @@ DbStatus OdbcConnection::run(const QString &sql, int timeoutSeconds, ResultSet *
     if (into)
         *into = rows ? std::move(*rows) : ResultSet(QStringList(), {});
     return DbStatus::success();
+}
+
+void OdbcConnection::setRunning(void *statement)
+{
+    const std::lock_guard lock(m_runningMutex);
+    m_running = statement;
+}
+
+void OdbcConnection::cancel()
+{
+    const std::lock_guard lock(m_runningMutex);
+    if (m_running)
+        SQLCancel(m_running);
 }
 
 DbStatus OdbcConnection::withConnectionState(DbStatus failure) const

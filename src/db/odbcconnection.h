@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <mutex>
 #include <optional>
 
 // How long a connection waits on its server before it gives up.
@@ -32,6 +33,7 @@ public:
     DbStatus rollback() override;
     DbStatus close() override;
     bool isOpen() const override { return m_session != nullptr; }
+    void cancel() override;
     QString engine() const override;
 
     struct Session;
@@ -42,12 +44,15 @@ private:
     DbStatus run(const QString &sql, int timeoutSeconds, ResultSet *into);
     // Whether the login landed in `catalog` (named in it or not), as the driver reports it.
     bool inCatalog(const QString &catalog, bool namedAtLogin) const;
+    void setRunning(void *statement);
     // The failure, marked when the driver finds the connection dead with it.
     DbStatus withConnectionState(DbStatus failure) const;
 
     Translator m_toOdbc;
     OdbcTimeouts m_timeouts;
     std::unique_ptr<Session> m_session;
+    std::mutex m_runningMutex;
+    void *m_running = nullptr; // the statement handle under way, for cancel()
 };
 
 // Connections to SQL Server that open the profiles' OLE DB strings, encrypted

@@ -1,6 +1,7 @@
 #include "odbcconnectionstring.h"
 
 #include "odbckeywords.h"
+#include "serveraddress.h"
 #include "verifiedservers.h"
 
 #include <QFileInfo>
@@ -9,7 +10,6 @@
 
 namespace {
 
-constexpr int kDefaultPort = 1433;
 // Pinned, so that the driver never falls back to an older protocol and waits
 // on a server that does not answer.
 constexpr char kTdsVersion[] = "7.4";
@@ -48,32 +48,6 @@ OleDbString parseOleDb(const QString &text)
         parsed.dataSource = rest.mid(dataSourceAt + dataSourceKey.size());
     parsed.ambiguous = parsed.catalog.contains(dataSourceKey, Qt::CaseInsensitive);
     return parsed;
-}
-
-struct ServerAddress
-{
-    QString host;
-    int port = kDefaultPort; // 0: a named instance, found by the server browser
-};
-
-ServerAddress serverAddress(QString dataSource)
-{
-    dataSource = dataSource.trimmed();
-    if (dataSource.startsWith(QLatin1String("tcp:"), Qt::CaseInsensitive))
-        dataSource = dataSource.mid(4);
-    if (dataSource.isEmpty() || dataSource == QLatin1String(".")
-        || dataSource.compare(QLatin1String("(local)"), Qt::CaseInsensitive) == 0)
-        return {QStringLiteral("localhost"), kDefaultPort};
-    if (dataSource.contains(QLatin1Char('\\')))
-        return {dataSource, 0};
-    const qsizetype comma = dataSource.lastIndexOf(QLatin1Char(','));
-    if (comma >= 0) {
-        bool ok = false;
-        const int port = dataSource.mid(comma + 1).trimmed().toInt(&ok);
-        if (ok && port > 0 && port < 65536)
-            return {dataSource.left(comma).trimmed(), port};
-    }
-    return {dataSource, kDefaultPort};
 }
 
 // FreeTDS ends even a braced value at its first '}', so a value holding any

@@ -71,7 +71,7 @@ QString withoutKeyword(const QString &odbc, const QString &name)
 
 QString withoutPasswords(const QString &text)
 {
-    static const QRegularExpression key(QStringLiteral(R"((?<![\w])(?:pwd|password)\s*=\s*)"),
+    static const QRegularExpression key(QStringLiteral(R"((?<![\w])(?:pwd|password)[^\w=;]*=\s*)"),
                                         QRegularExpression::CaseInsensitiveOption);
     QString masked;
     qsizetype copied = 0;

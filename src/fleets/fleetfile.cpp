@@ -1,5 +1,8 @@
 #include "fleetfile.h"
 
+#include "serveraddress.h"
+
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 
@@ -13,8 +16,8 @@
 namespace {
 
 constexpr std::array<std::string_view, 5> kFleetKeys = {"jobs", "server", "lock_timeout", "lock_retries", "lock_wait"};
-constexpr std::array<std::string_view, 11> kServerKeys = {"server",  "mode",         "odbc_env",     "encrypt",  "tls_ca",   "include",
-                                                          "exclude", "jobs",         "lock_timeout", "lock_retries", "lock_wait"};
+constexpr std::array<std::string_view, 12> kServerKeys = {"server",  "mode", "odbc_env",     "label",        "encrypt",  "tls_ca",
+                                                          "include", "exclude", "jobs", "lock_timeout", "lock_retries", "lock_wait"};
 
 QString text(std::string_view view)
 {
@@ -62,8 +65,11 @@ std::optional<Fault> readTexts(const toml::table &table, std::string_view key, Q
     const toml::array *array = node->as_array();
     if (!array || !array->is_homogeneous(toml::node_type::string))
         return Fault{lineOf(node->source()), text(key), QStringLiteral("must be a list of texts, such as [\"Quorvex*\"]")};
-    for (const toml::node &item : *array)
+    for (const toml::node &item : *array) {
         into << text(item.as_string()->get());
+        if (const QString refusal = patternRefusal(into.last()); !refusal.isEmpty())
+            return Fault{lineOf(item.source()), text(key), QStringLiteral("'%1' is not a pattern: %2").arg(into.last(), refusal)};
+    }
     return std::nullopt;
 }
 
@@ -92,13 +98,16 @@ std::optional<Fault> readLockKeys(const toml::table &table, FleetLockKeys &into)
 std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileServer> &earlier,
                                 const FleetServerCheck &check, FleetFileServer &server)
 {
+    server.line = lineOf(table.source());
     std::optional<Fault> fault = unknownKey(table, kServerKeys);
     if (!fault)
-        fault = readText(table, "server", true, server.server);
+        fault = readText(table, "odbc_env", false, server.odbcEnv);
+    if (!fault)
+        fault = readText(table, "server", server.odbcEnv.isEmpty(), server.server);
     if (!fault)
         fault = readText(table, "mode", true, server.mode);
     if (!fault)
-        fault = readText(table, "odbc_env", false, server.odbcEnv);
+        fault = readText(table, "label", false, server.label);
     if (!fault)
         fault = readText(table, "encrypt", false, server.encrypt);
     if (!fault)
@@ -113,14 +122,17 @@ std::optional<Fault> readServer(const toml::table &table, const QList<FleetFileS
         fault = readLockKeys(table, server.locks);
     if (fault)
         return fault;
-    if (std::any_of(earlier.begin(), earlier.end(), [&server](const FleetFileServer &other) {
-            return other.server.compare(server.server, Qt::CaseInsensitive) == 0;
-        }))
-        return Fault{lineOf(table.get("server")->source()), QStringLiteral("server"),
-                     QStringLiteral("'%1' is named twice: its databases would be run twice at once").arg(server.server)};
     if (const std::optional<FleetRefusal> refusal = check(server)) {
         const toml::node *node = table.get(refusal->key.toStdString());
         return Fault{lineOf(node ? node->source() : table.source()), refusal->key, refusal->reason};
+    }
+    // Compared by where they lead, not by how they are written.
+    for (const FleetFileServer &other : earlier) {
+        if (sameServer(other.reach, server.reach))
+            return Fault{server.line, QStringLiteral("server"),
+                         QStringLiteral("'%1' and '%2' of line %3 reach one server: its databases would be run twice at once")
+                             .arg(server.server, other.server)
+                             .arg(other.line)};
     }
     return std::nullopt;
 }
@@ -160,7 +172,7 @@ FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &chec
     else if (!file.open(QIODevice::ReadOnly))
         unread = file.errorString();
     if (!unread.isEmpty())
-        return {std::nullopt, QStringLiteral("cannot read the fleet file %1: %2").arg(path, unread)};
+        return {std::nullopt, QStringLiteral("cannot read the fleet file %1: %2").arg(path, unread), {}};
     const QByteArray bytes = file.readAll();
     FleetFile fleet;
     std::optional<Fault> fault;
@@ -168,9 +180,9 @@ FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &chec
         const toml::table root = toml::parse(std::string_view(bytes.constData(), size_t(bytes.size())));
         fault = readFleet(root, check, fleet);
     } catch (const toml::parse_error &error) {
-        return {std::nullopt, QStringLiteral("%1:%2: %3").arg(path).arg(lineOf(error.source())).arg(text(error.description()))};
+        return {std::nullopt, QStringLiteral("%1:%2: %3").arg(path).arg(lineOf(error.source())).arg(text(error.description())), {}};
     }
     if (fault)
-        return {std::nullopt, QStringLiteral("%1:%2: key '%3': %4").arg(path).arg(fault->line).arg(fault->key, fault->why)};
-    return {fleet, QString()};
+        return {std::nullopt, QStringLiteral("%1:%2: key '%3': %4").arg(path).arg(fault->line).arg(fault->key, fault->why), {}};
+    return {fleet, QString(), QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex()};
 }

@@ -19,12 +19,15 @@ struct FleetLockKeys
 // One [[server]] of a fleet file, as written there.
 struct FleetFileServer
 {
-    QString server;  // as --server names it
+    QString server;  // as --server names it; beside odbc_env optional, the server its string reaches
     QString mode;
     QString odbcEnv; // the environment variable holding its ODBC string; empty: the mode's own login
+    QString label;   // what the reports call it, if not its server
     QString encrypt; // as ZRT_ENCRYPT; empty: not given
     QString tlsCa;   // as ZRT_TLS_CA; empty: not given
     NamePatterns patterns;
+    QString reach;   // the data source its connections reach, as the check gives it
+    int line = 0;    // of its [[server]] table
     std::optional<int> jobs; // at most so many of its databases at once
     FleetLockKeys locks; // over the file's own
 };
@@ -51,13 +54,14 @@ struct FleetFileReading
 {
     std::optional<FleetFile> fleet;
     QString error; // "FILE:LINE: key 'KEY': why", or what kept the file from being read
+    QByteArray digest; // SHA-256 of the bytes read, in hex
 };
 
 // Reads `path`: top-level jobs (from 1) and one or more [[server]] tables with
-// server and mode, and optional odbc_env, encrypt, tls_ca, include, exclude
-// and jobs (from 1);
-// lock_timeout, lock_retries and lock_wait (from 0) at the top and in each
-// [[server]]. An unknown or
-// missing key, a value of the wrong type and a server named twice are
-// errors, as is whatever `check` refuses.
+// mode, server (optional beside odbc_env), and optional odbc_env, label,
+// encrypt, tls_ca, include, exclude and jobs (from 1); lock_timeout, lock_retries and
+// lock_wait (from 0) at the top and in each [[server]]. An unknown or missing
+// key, a value of the wrong type, a pattern that is none and two servers that
+// reach one are errors, as is whatever `check` refuses; the check gives each
+// server its reach.
 FleetFileReading readFleetFile(const QString &path, const FleetServerCheck &check);

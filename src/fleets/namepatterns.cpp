@@ -3,38 +3,78 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
-// * any text, ? one character, [...] one of a set ([!...] none of it); a
-// slash is a character like any other, unlike in a path.
-QRegularExpression globExpression(const QString &pattern)
+QString hexEscaped(QChar c)
+{
+    return QStringLiteral("\\x{%1}").arg(c.unicode(), 0, 16);
+}
+
+// The pattern as an anchored regular expression, every character of the
+// name's escaped; nothing when it is not a pattern, `why` then saying so.
+std::optional<QString> expression(const QString &pattern, QString *why)
 {
     QString expression;
     for (qsizetype i = 0; i < pattern.size(); ++i) {
         const QChar c = pattern[i];
-        const qsizetype closing = c == u'[' ? pattern.indexOf(u']', i + 2) : -1;
         if (c == u'*') {
             expression += QLatin1String(".*");
         } else if (c == u'?') {
             expression += QLatin1Char('.');
-        } else if (closing > 0) {
-            QString set = pattern.mid(i + 1, closing - i - 1).replace(QLatin1Char('\\'), QLatin1String("\\\\"));
-            if (set.startsWith(u'!'))
-                set[0] = u'^';
-            expression += QLatin1Char('[') + set + QLatin1Char(']');
-            i = closing;
+        } else if (c == u']') {
+            *why = QStringLiteral("a ] closes no [ (a literal ] is []])");
+            return std::nullopt;
+        } else if (c == u'\\') {
+            *why = QStringLiteral("a backslash escapes nothing here (a literal * is [*], a literal [ is [[])");
+            return std::nullopt;
+        } else if (c != u'[') {
+            expression += hexEscaped(c);
         } else {
-            expression += QRegularExpression::escape(c);
+            qsizetype at = i + 1;
+            QString set = QStringLiteral("[");
+            if (at < pattern.size() && pattern[at] == u'!') {
+                set += QLatin1Char('^');
+                ++at;
+            }
+            // A ] first in the set is one of its characters.
+            const qsizetype first = at;
+            for (; at < pattern.size() && (pattern[at] != u']' || at == first); ++at) {
+                const bool range = at + 2 < pattern.size() && pattern[at + 1] == u'-' && pattern[at + 2] != u']';
+                if (range && pattern[at + 2] < pattern[at]) {
+                    *why = QStringLiteral("the range %1-%2 runs backwards").arg(pattern[at]).arg(pattern[at + 2]);
+                    return std::nullopt;
+                }
+                set += hexEscaped(pattern[at]);
+                if (range) {
+                    set += QLatin1Char('-') + hexEscaped(pattern[at + 2]);
+                    at += 2;
+                }
+            }
+            if (at >= pattern.size()) {
+                *why = QStringLiteral("a [ is not closed (a literal [ is [[])");
+                return std::nullopt;
+            }
+            expression += set + QLatin1Char(']');
+            i = at;
         }
     }
-    return QRegularExpression(QRegularExpression::anchoredPattern(expression), QRegularExpression::CaseInsensitiveOption);
+    return expression;
 }
 
 bool anyMatches(const QStringList &patterns, const QString &name)
 {
-    return std::any_of(patterns.begin(), patterns.end(),
-                       [&name](const QString &pattern) { return globExpression(pattern).match(name).hasMatch(); });
+    return std::any_of(patterns.begin(), patterns.end(), [&name](const QString &pattern) {
+        QString why;
+        const std::optional<QString> matching = expression(pattern, &why);
+        // Patterns are checked when they are read: one that is none matches nothing.
+        return matching
+            && QRegularExpression(QRegularExpression::anchoredPattern(*matching),
+                                  QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption)
+                   .match(name)
+                   .hasMatch();
+    });
 }
 
 } // namespace
@@ -42,4 +82,12 @@ bool anyMatches(const QStringList &patterns, const QString &name)
 bool NamePatterns::admits(const QString &name) const
 {
     return (include.isEmpty() || anyMatches(include, name)) && !anyMatches(exclude, name);
+}
+
+QString patternRefusal(const QString &pattern)
+{
+    QString why;
+    if (pattern.isEmpty())
+        return QStringLiteral("an empty pattern matches no name");
+    return expression(pattern, &why) ? QString() : why;
 }

@@ -4,6 +4,7 @@
 #include "outputfile.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace {
 
@@ -89,7 +90,9 @@ AllRunsResult runAllDatabases(const AllRuns &runs)
         QJsonObject json = runJson(result);
         if (all.states[database] == DatabaseState::NotStarted)
             json.insert(QStringLiteral("outcome"), outcomeName(RunOutcome::NotStarted));
-        if (runs.folder && result && result->reportError.isEmpty())
+        // Only a report that is there: a lost one, or one a kill left unwritten, is not named.
+        if (runs.folder && result && result->reportError.isEmpty()
+            && QFileInfo(QDir(*runs.folder).filePath(all.reportFiles[database])).isFile())
             json.insert(QStringLiteral("report"), all.reportFiles[database]);
         if (result && result->tally.unexpected() > 0)
             json.insert(QStringLiteral("failedStatements"), result->tally.failedStatements(kFailedStatementsNamed));

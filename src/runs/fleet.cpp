@@ -5,6 +5,7 @@
 #include "fleetindex.h"
 #include "keptindex.h"
 #include "lastwords.h"
+#include "printabletext.h"
 
 #include <QWaitCondition>
 
@@ -81,23 +82,35 @@ QString listingTarget(const FleetServer &server)
     return server.target;
 }
 
-FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard)
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard,
+                      const std::atomic<bool> *stop)
 {
     FleetRecord fleet;
     fleet.started = QDateTime::currentDateTime();
     for (qsizetype server = 0; server < servers.size(); ++server) {
         const FleetServer &from = servers[server];
+        QStringList listed;
+        QStringList refused;
         const auto add = [&](const QString &name) {
-            if (from.patterns.admits(name) && (!shard || inShard(*shard, from.server, name)))
-                fleet.databases << FleetDatabase{server, name};
+            if (const QString refusal = databaseNameRefusal(name); !refusal.isEmpty())
+                refused << QStringLiteral("'%1': %2").arg(escapedControls(name), refusal);
+            else if (from.patterns.admits(name) && (!shard || inShard(*shard, from.server, name)))
+                listed << name;
         };
-        if (from.databases) {
-            for (const QString &name : *from.databases)
-                add(name);
-            fleet.listings << ListingOutcome{};
-        } else {
-            fleet.listings << listDatabases(from.mode, from.server, from.connections, add);
+        ListingOutcome listing;
+        listing.failure = DbStatus::failure(QStringLiteral("the invocation was stopped"));
+        listing.interrupted = true;
+        if (!stop || !stop->load())
+            listing = listDatabases(from.mode, from.server, from.connections, add, stop);
+        listing.statementSeconds = from.statementSeconds;
+        listing.refused = refused;
+        for (const QString &name : from.databases.value_or(listed)) {
+            if (listed.contains(name))
+                fleet.databases << FleetDatabase{server, name};
+            else if (!listing.failed())
+                listing.noLongerListed << name;
         }
+        fleet.listings << listing;
     }
     fleet.states.resize(fleet.databases.size());
     for (qsizetype i = 0; i < fleet.databases.size(); ++i)

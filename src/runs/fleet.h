@@ -20,17 +20,26 @@
 // One server of an invocation, and how its databases are reached.
 struct FleetServer
 {
-    QString server; // the data source as --server or a fleet file names it; beside an ODBC string, a name
+    QString server; // the data source as --server or a fleet file names it; beside an ODBC string, the one it reaches
     QString mode;
+    QString label;   // a fleet file's name for it in the reports
     QString target;  // where, as messages name it, without secrets
     QString odbcEnv; // the environment variable its ODBC string came from
     QString odbc;    // an ODBC string given on the command line, passwords masked
     std::optional<Encryption> encryption; // its own; nothing: as the environment says
     ConnectionFactory connections;
+    int statementSeconds = 30; // what its connections give each statement, its listing's included
     NamePatterns patterns;
-    std::optional<QStringList> databases; // these, not the server's listing (a retry)
+    std::optional<QStringList> databases; // of these, those the server still lists (a retry)
     int jobs = 0; // at most so many of its databases at once; 0: only the fleet's limit
     LockPolicy locks;
+};
+
+// The fleet file an invocation's servers came from, as the index names it.
+struct FleetFileOrigin
+{
+    QString path; // absolute
+    QByteArray digest; // SHA-256 of its bytes, in hex
 };
 
 // Where the server's databases are listed, as messages name it: in ONLINE
@@ -65,6 +74,7 @@ struct FleetWork
     QString command; // run, plan or check, as the index names it
     bool preview = false;
     QList<FleetServer> servers;
+    std::optional<FleetFileOrigin> fleetFile;
     std::optional<FleetShard> shard; // only this part of the servers' databases
     FleetLimits limits;
     std::optional<QString> folder; // this invocation's: reports, index.json and index.html
@@ -89,16 +99,19 @@ struct FleetResults : FleetRecord
     std::vector<std::optional<Result>> results; // nothing: never ended
 };
 
-// The servers' databases in turn, each server's as it lists them (or as a
-// retry names them) and its patterns and the shard admit, with their report
-// files' names.
-FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard);
+// The servers' databases in turn, each server's as it lists them (for a
+// retry, those of its names it still lists) and its patterns and the shard
+// admit, with their report files' names; a listed name that is none is
+// refused. Once `stop` is set no server is listed and the listing under way
+// ends.
+FleetRecord listFleet(const QList<FleetServer> &servers, const std::optional<FleetShard> &shard,
+                      const std::atomic<bool> *stop);
 
 template <typename Result>
 FleetResults<Result> listedFleet(const FleetWork &work)
 {
     FleetResults<Result> fleet;
-    static_cast<FleetRecord &>(fleet) = listFleet(work.servers, work.shard);
+    static_cast<FleetRecord &>(fleet) = listFleet(work.servers, work.shard, work.limits.stop);
     fleet.results.resize(fleet.databases.size());
     return fleet;
 }

@@ -25,13 +25,26 @@ struct FleetIndexReading
 
 FleetIndexReading readFleetIndex(const QString &folder);
 
-// What an earlier invocation left to do, from its folder's index.json: the
-// databases that did not complete (for check: that did not match), each on
-// its server, mode and login, and the servers that could not be listed, to
-// be listed again. The servers have neither connections nor targets yet.
+// What an earlier invocation left to do, from its folder's index.json, taken
+// only as an index that zrt writes can hold it (its types and keys, every
+// entry a database's name on a server it lists, once, with an outcome of its
+// command): the databases that did not complete (for check: that did not
+// match) on each server, and whether it was listed. It names no connection:
+// those are the operator's.
+struct RetryServer
+{
+    QString server;
+    QString mode;
+    QString odbcEnv;
+    int entry = 0;     // its place among the index's servers, from 1
+    bool listed = true; // false: not listed then, every database it lists is taken
+    QStringList left;
+};
+
 struct FleetRetry
 {
-    QList<FleetServer> servers;
+    QList<RetryServer> servers;
+    std::optional<FleetFileOrigin> fleetFile;
     QString error; // why the folder cannot be retried
 };
 

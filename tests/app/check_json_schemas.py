@@ -7,6 +7,7 @@ Usage: check_json_schemas.py ZRT SQLITE_DBO_EXTENSION SCHEMA_FOLDER
 import json
 import os
 import pathlib
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -65,11 +66,21 @@ def main(zrt, dbo, schemas):
         earlier.mkdir()
         pathlib.Path(earlier, "index.json").write_text(json.dumps({
             "type": "index", "format": 1, "command": "run",
-            "servers": [{"server": "sqlite", "mode": "LOCAL", "odbc": "given"}],
-            "databases": [{"database": str(database), "server": "sqlite", "mode": "LOCAL", "outcome": "not done"}]}))
-        retry = ["--retry", str(earlier), "--odbc", odbc, "--report-dir"]
+            "servers": [{"server": "", "mode": "LOCAL", "odbc": "given"}],
+            "databases": [{"database": "QuorvexSchema", "server": "", "mode": "LOCAL", "outcome": "not done"}]}))
+        # A retry lists its servers again: through a DSN (a string's Database is dropped for the listing's
+        # master), whose file's sys database (attached by the extension) lists the names.
+        dsns = {0: ("QuorvexSchema", database)}
+        dsns.update({n: (f"Quorvex{n}", pathlib.Path(folder, f"Quorvex{n}.db")) for n in range(1, 5)})
+        pathlib.Path(folder, "odbc.ini").write_text("".join(
+            f"[zrtschema{n}]\nDriver=SQLite3\nDatabase={path}\n" for n, (name, path) in dsns.items()))
+        for n, (name, path) in dsns.items():
+            sqlite3.connect(f"{path}-sys").executescript(
+                f"CREATE TABLE databases (name TEXT); INSERT INTO databases VALUES ('{name}');").close()
+        dsn = f"DSN=zrtschema0;LoadExt={dbo}"
+        retry = ["--retry", str(earlier), "--mode", "LOCAL", "--odbc", dsn, "--report-dir"]
         pathlib.Path(folder, "fleet.toml").write_text(
-            '[[server]]\nserver = "sqlite"\nmode = "LOCAL"\nodbc_env = "ZRT_SCHEMA_ODBC"\n')
+            '[[server]]\nlabel = "sqlite"\nmode = "LOCAL"\nodbc_env = "ZRT_SCHEMA_ODBC"\n')
         # Name, arguments, exit status, schema of what it prints, report (or fleet folder) it writes.
         rows = [
             ("plan of a new database", ["plan", *one, "--report", "new.jsonl"], 3, "run", "new.jsonl"),
@@ -89,19 +100,21 @@ def main(zrt, dbo, schemas):
         sharded, variables = pathlib.Path(folder, "sharded"), {}
         sharded.mkdir()
         for number in range(1, 5):
-            variables[f"ZRT_SCHEMA_ODBC{number}"] = \
-                f"DRIVER={{SQLite3}};Database={pathlib.Path(folder, f'Quorvex{number}.db')};LoadExt={dbo}"
+            variables[f"ZRT_SCHEMA_ODBC{number}"] = f"DSN=zrtschema{number};LoadExt={dbo}"
+        pathlib.Path(folder, "sharded.toml").write_text("".join(
+            f'[[server]]\nmode = "LOCAL"\nodbc_env = "ZRT_SCHEMA_ODBC{n}"\nlabel = "sqlite{n}"\n' for n in range(1, 5)))
         pathlib.Path(sharded, "index.json").write_text(json.dumps({
             "type": "index", "format": 1, "command": "run",
-            "servers": [{"server": f"sqlite{n}", "mode": "LOCAL", "odbcEnv": f"ZRT_SCHEMA_ODBC{n}"} for n in range(1, 5)],
-            "databases": [{"database": str(pathlib.Path(folder, f"Quorvex{n}.db")), "server": f"sqlite{n}", "mode": "LOCAL",
+            "servers": [{"server": "", "mode": "LOCAL", "odbcEnv": f"ZRT_SCHEMA_ODBC{n}"} for n in range(1, 5)],
+            "databases": [{"database": f"Quorvex{n}", "server": "", "mode": "LOCAL",
                            "odbcEnv": f"ZRT_SCHEMA_ODBC{n}", "outcome": "not done"} for n in range(1, 5)]}))
-        rows += [(f"shard {shard} of a fleet", ["run", "--retry", str(sharded), "--shard", shard, "--report-dir", "shards"],
-                  3, "index", None) for shard in ("1/2", "2/2")]
+        rows += [(f"shard {shard} of a fleet", ["run", "--retry", str(sharded), "--fleet", "sharded.toml", "--shard", shard,
+                                                "--report-dir", "shards"], 3, "index", None) for shard in ("1/2", "2/2")]
         found = []
         for name, arguments, status, schema, report in rows:
             ran = subprocess.run([zrt, *arguments, "--json"], cwd=folder, capture_output=True, text=True, timeout=60,
-                                 env={**os.environ, "ZRT_SCHEMA_ODBC": odbc, **variables})
+                                 env={**os.environ, "ZRT_SCHEMA_ODBC": odbc, "ODBCINI": str(pathlib.Path(folder, "odbc.ini")),
+                                      **variables})
             if ran.returncode != status:
                 found.append(f"{name}: exit {ran.returncode}, not {status}: {ran.stderr}")
             try:

@@ -9,6 +9,7 @@
 #include "tdslistener.h"
 #include "testcertificate.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -49,6 +50,28 @@ ServerSetup refusing(const QString &opens, const ServerSetup &also = [](Scripted
 ServerSetup refusal(const DbStatus &status)
 {
     return [=](ScriptedServer &server) { server.openRefusal = status; };
+}
+
+// The JSON with the value at `path` set (an array's next place appends), or
+// removed when the value is undefined.
+QJsonValue editedJson(const QJsonValue &json, QStringList path, const QJsonValue &value)
+{
+    if (path.isEmpty())
+        return value;
+    const QString key = path.takeFirst();
+    if (json.isArray()) {
+        QJsonArray array = json.toArray();
+        if (key.toInt() == array.size())
+            array.append(QJsonValue());
+        array[key.toInt()] = editedJson(array[key.toInt()], path, value);
+        return array;
+    }
+    QJsonObject object = json.toObject();
+    if (path.isEmpty() && value.isUndefined())
+        object.remove(key);
+    else
+        object[key] = editedJson(object[key], path, value);
+    return object;
 }
 
 ServerSetup failing(const QString &statement, const DbStatus &status)
@@ -165,6 +188,7 @@ private slots:
         QVERIFY(linked.open(QIODevice::WriteOnly) && linked.write("kept") == 4);
         linked.close();
         QVERIFY(QFile::link(m_linked, m_link));
+        qputenv("ZRT_TEST_AT_1500", "DRIVER={FreeTDS};Server=tcp:127.0.0.1;PORT=1500;PWD=secret");
     }
 
     void scriptWritesEveryStatementOfARun()
@@ -227,6 +251,14 @@ private slots:
         QTest::newRow("run --all: --jobs 0") << kRunAll + QStringList{"--jobs", "0", "--report-dir", missingDir} << "--jobs";
         QTest::newRow("--max-failures 0") << kRunAll + QStringList{"--max-failures", "0"} << "--max-failures";
         QTest::newRow("run --all: with --database") << kRunAll + QStringList{"--database", "Q"} << "--database";
+        QTest::newRow("an option given twice") << kRunAll + QStringList{"--jobs", "2", "--jobs", "3"}
+                                               << "zrt run: --jobs is given more than once";
+        QTest::newRow("a switch given twice") << QStringList{"list", "--mode", "LOCAL", "--server", "S", "--json", "--json"}
+                                              << "--json is given more than once";
+        QTest::newRow("a name longer than SQL Server's") << QStringList{"check", "--mode", "LOCAL", "--database", QString(129, 'Q')}
+                                                         << "is no database's name: it is longer than the 128";
+        QTest::newRow("--retry of an --all folder with --fleet and --mode")
+            << QStringList{"run", "--retry", m_dir.path(), "--fleet", "f", "--mode", "LOCAL"} << "--mode does not go with --fleet";
         QTest::newRow("a negative --lock-retries") << kRun + QStringList{"--lock-retries", "-1"}
                                                    << "zrt run: --lock-retries needs a whole number from 0 up, not '-1'";
         QTest::newRow("check: --lock-wait as text") << QStringList{"check", "--mode", "LOCAL", "--database", "Q", "--lock-wait", "x"}
@@ -460,13 +492,16 @@ private slots:
     void terminalOutput_data()
     {
         QTest::addColumn<QByteArray>("noColor"); // NO_COLOR's value; null: not set
-        QTest::newRow("a terminal") << QByteArray();
-        QTest::newRow("a terminal, NO_COLOR set empty") << QByteArray("");
+        QTest::addColumn<bool>("coloured");
+        QTest::newRow("a terminal") << QByteArray() << true;
+        QTest::newRow("a terminal, NO_COLOR set empty: it counts only with a value") << QByteArray("") << true;
+        QTest::newRow("a terminal, NO_COLOR=1") << QByteArray("1") << false;
     }
 
     void terminalOutput()
     {
         QFETCH(QByteArray, noColor);
+        QFETCH(bool, coloured);
         if (!noColor.isNull())
             qputenv("NO_COLOR", noColor);
         ScriptedServer server;
@@ -474,8 +509,8 @@ private slots:
         listing({"QuorvexA"})(server);
         const Invocation all = invoke(kRunAll, server.connections(), nullptr, nullptr, true);
         qunsetenv("NO_COLOR");
-        QVERIFY2(all.out.contains(noColor.isNull() ? "  \x1b[32mcompleted      " : "  completed      "), qPrintable(all.out));
-        QVERIFY2(run.out.endsWith(noColor.isNull() ? "\x1b[32mcompleted\x1b[0m: 493 statements, none failed unexpectedly\n"
+        QVERIFY2(all.out.contains(coloured ? "  \x1b[32mcompleted      " : "  completed      "), qPrintable(all.out));
+        QVERIFY2(run.out.endsWith(coloured ? "\x1b[32mcompleted\x1b[0m: 493 statements, none failed unexpectedly\n"
                                                     : "\ncompleted: 493 statements, none failed unexpectedly\n"),
                  qPrintable(run.out));
         QVERIFY2(run.err.contains("] view creates 80%"), qPrintable(run.err));
@@ -603,13 +638,19 @@ private slots:
     void runAllReportsEveryDatabase()
     {
         const QStringList names{"Quorvex a", "Quorvex_a", "Quorvex<a&", "Quorvex年度", "Quorvex\x1b[31mB",
-                                "Quorvex" + QString(300, 'x')};
+                                "Quorvex" + QString(121, 'x')};
         ScriptedServer server;
-        listing(names)(server);
+        // Past SQL Server's 128 characters: no name, left alone.
+        listing(names + QStringList{"Quorvex" + QString(122, 'y')})(server);
         server.refusedOpens << "Initial Catalog=Quorvex\x1b[31mB;";
         const QString dir = m_dir.filePath(QStringLiteral("fleet"));
         const Invocation all = invoke(kRunAll + QStringList{"--jobs", "2", "--report-dir", dir}, server.connections());
         QCOMPARE(all.exit, 4);
+        QVERIFY2(all.err.contains("server S lists a database that is left alone: 'Quorvex" + QString(122, 'y')
+                                  + "': it is longer than the 128 characters SQL Server allows\n"),
+                 qPrintable(all.err));
+        for (const QStringList &log : server.logs())
+            QVERIFY(log.filter(QString(122, 'y')).isEmpty());
         const QString folder = invocationFolders(dir).value(0);
         const QStringList lines = all.out.split('\n', Qt::SkipEmptyParts);
         QCOMPARE(lines.mid(1, 1), QStringList{"Reports in " + folder});
@@ -806,6 +847,8 @@ private slots:
         QTest::newRow("ZRT_ODBC without --server") << QStringList() << secret << masked << 30;
         QTest::newRow("--server before ZRT_ODBC") << QStringList{"--server", "S"} << secret << "server S" << 30;
         QTest::newRow("--odbc before ZRT_ODBC") << QStringList{"--odbc", "DSN=x;PWD=y"} << secret << "ODBC DSN=x;PWD=****" << 30;
+        QTest::newRow("a malformed password keyword") << QStringList{"--odbc", "DSN=x;PWD{=b}c;{Password} = b}c;UID=u"} << secret
+                                                      << "ODBC DSN=x;PWD{=****;{Password} = ****;UID=u" << 30;
         QTest::newRow("no server at all") << QStringList() << QByteArray() << "the local default instance" << 30;
         QTest::newRow("statements may wait for ever")
             << QStringList{"--statement-timeout", "0"} << QByteArray() << "the local default instance" << 0;
@@ -871,16 +914,31 @@ private slots:
         QTest::newRow("a bad mode") << server + "mode = \"LOKAL\"\n" << ":3: key 'mode': unknown mode 'LOKAL'";
         QTest::newRow("an unset variable") << local + "odbc_env = \"ZRT_UNSET\"\n"
                                            << ":4: key 'odbc_env': the environment variable ZRT_UNSET is not set";
-        QTest::newRow("a server named twice") << local + local << ":5: key 'server': 'S' is named twice";
+        QTest::newRow("a server named twice") << local + local << ":4: key 'server': 'S' and 'S' of line 1 reach one server";
         QTest::newRow("a brace in a server") << QByteArray("[[server]]\nserver = \"S}\"\nmode = \"LOCAL\"\n")
                                              << ":2: key 'server': the server name 'S}'";
         QTest::newRow("an unknown encryption") << local + "encrypt = \"required\"\n" << ":4: key 'encrypt': must be";
         QTest::newRow("a CA without require") << local + "tls_ca = \"/etc/hostname\"\n" << ":4: key 'tls_ca': goes with";
         QTest::newRow("a CA file that cannot be read") << local + "encrypt = \"require\"\ntls_ca = \"none.pem\"\n"
                                                        << ":5: key 'tls_ca': names a file that cannot be read";
-        QTest::newRow("encryption beside an ODBC string") << local + "odbc_env = \"HOME\"\nencrypt = \"require\"\n"
-                                                          << ":4: key 'odbc_env': its ODBC string says";
+        QTest::newRow("encryption beside an ODBC string")
+            << QByteArray("[[server]]\nmode = \"LOCAL\"\nodbc_env = \"HOME\"\nencrypt = \"require\"\n")
+            << ":3: key 'odbc_env': its ODBC string says";
         QTest::newRow("no jobs") << "jobs = 0\n" + local << ":1: key 'jobs'";
+        const QByteArray at1500 = "[[server]]\nserver = \"127.0.0.1,1500\"\nmode = \"LOCAL\"\n";
+        QTest::newRow("one server by name and by address") << at1500 + "[[server]]\nserver = \"localhost,1500\"\nmode = \"LOCAL\"\n"
+                                                            << ":4: key 'server': 'localhost,1500' and '127.0.0.1,1500' of line 1 reach one";
+        QTest::newRow("one server with tcp: and another case")
+            << QByteArray("[[server]]\nserver = \"LocalHost,1500\"\nmode = \"LOCAL\"\n[[server]]\nserver = \"tcp:localhost,1500\"\nmode = \"LOCAL\"\n")
+            << ":4: key 'server': 'tcp:localhost,1500' and 'LocalHost,1500' of line 1 reach one";
+        QTest::newRow("one server by a comma and by Port=") << at1500 + "[[server]]\nmode = \"LOCAL\"\nodbc_env = \"ZRT_TEST_AT_1500\"\n"
+                                                            << ":4: key 'server': 'tcp:127.0.0.1,1500' and '127.0.0.1,1500' of line 1";
+        QTest::newRow("a string reaching another server") << QByteArray("[[server]]\nserver = \"127.0.0.1,1501\"\nmode = \"LOCAL\"\n"
+                                                                        "odbc_env = \"ZRT_TEST_AT_1500\"\n")
+                                                          << ":2: key 'server': the string in ZRT_TEST_AT_1500 reaches another server";
+        for (const char *pattern : {"[!]", "x[!]", "Quorvex[", "[a-", "\\\\", "]", "[z-a]", ""})
+            QTest::addRow("the pattern %s", pattern) << local + "exclude = [\"*A1\", \"" + pattern + "\"]\n"
+                                                     << ":4: key 'exclude': '" + QString(pattern).replace("\\\\", "\\") + "' is not a pattern";
         QTest::newRow("no server") << QByteArray("jobs = 2\n") << ":1: key 'server'";
         QTest::newRow("a negative lock timeout") << "lock_timeout = -1\n" + local
                                                  << ":1: key 'lock_timeout': must be a whole number from 0 up";
@@ -901,6 +959,7 @@ private slots:
         const Invocation run = invoke({"run", "--fleet", path, "--report-dir", unmade}, server.connections());
         QCOMPARE(run.exit, 2);
         QVERIFY2(run.err.startsWith("zrt run: " + path + named), qPrintable(run.err));
+        QVERIFY2(!run.err.contains("secret"), qPrintable(run.err));
         QVERIFY(server.logs().isEmpty() && !QFileInfo::exists(unmade));
     }
 
@@ -1037,34 +1096,40 @@ private slots:
 
     void fleetAcrossServers()
     {
-        TdsListener first({.rows = {{kLocalListing, {"QuorvexA", "QuorvexTest"}}}});
-        TdsListener second({.rows = {{kLocalListing, {"QuorvexB", "QuorvexC2023"}}}});
-        const QByteArray site = "DRIVER={FreeTDS};SERVER=127.0.0.1;PORT=" + second.dataSource().section(',', 1).toUtf8()
-            + ";UID=site;PWD=secret;TDS_Version=7.4";
+        // The first lists a name holding NUL: no name, and nothing is opened for it.
+        TdsListener first({.rows = {{kLocalListing, {"QuorvexA", "QuorvexTest", QString::fromUtf8("Quorvex\0A", 9)}}}});
+        TdsListener second({.rows = {{kLocalListing, {"QuorvexB", "QuorvexC2023", "Quorvex[1]"}}}});
+        const QString port = second.dataSource().section(',', 1);
+        const QByteArray site = "DRIVER={FreeTDS};SERVER=127.0.0.1;PORT=" + port.toUtf8() + ";UID=site;PWD=secret;TDS_Version=7.4";
         qputenv("SITE_ODBC", site);
         const QString path = m_dir.filePath(QStringLiteral("fleet.toml"));
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
+        // The second server spelled otherwise than its string spells it, and labelled.
         file.write("jobs = 3\n[[server]]\nserver = \"" + first.dataSource().toUtf8() + "\"\nmode = \"local\"\n"
-                   "exclude = [\"*test*\"]\n[[server]]\nserver = \"site\"\nmode = \"LOCAL\"\nodbc_env = \"SITE_ODBC\"\n"
-                   "include = [\"Quorvex?\"]\n");
+                   "exclude = [\"*test*\"]\n[[server]]\nserver = \"TCP:127.0.0.1," + port.toUtf8() + "\"\nlabel = \"site\"\n"
+                   "mode = \"LOCAL\"\nodbc_env = \"SITE_ODBC\"\ninclude = [\"Quorvex?\", \"Quorvex[[]1[]]\"]\n");
         file.close();
         const QString dir = m_dir.filePath(QStringLiteral("across"));
         const Invocation run = invoke({"run", "--fleet", path, "--report-dir", dir}, sqlServerConnections());
-        QCOMPARE(run.exit, 0);
+        QVERIFY2(run.exit == 4, qPrintable(run.err));
+        QVERIFY2(run.err.contains("lists a database that is left alone: 'Quorvex\\x00A': it holds NUL\n"), qPrintable(run.err));
+        QCOMPARE(first.received().connections, 2); // its listing and QuorvexA
         const QByteArray index = fileBytes(invocationFolders(dir).value(0) + "/index.json");
         QStringList ran;
         for (const QJsonValue &entry : QJsonDocument::fromJson(index)["databases"].toArray())
             ran << entry["server"].toString() + " " + entry["database"].toString() + " " + entry["odbcEnv"].toString();
-        QCOMPARE(ran, (QStringList{first.dataSource() + " QuorvexA ", "site QuorvexB SITE_ODBC"}));
+        QCOMPARE(ran, (QStringList{first.dataSource() + " QuorvexA ", second.dataSource() + " QuorvexB SITE_ODBC",
+                                   second.dataSource() + " Quorvex[1] SITE_ODBC"}));
         QCOMPARE(first.received().user, QStringLiteral("quorvex"));
         QCOMPARE(second.received().user, QStringLiteral("site"));
         QVERIFY(!(run.out + run.err + index).contains("secret"));
 
         QCOMPARE(invoke({"list", "--fleet", path}, sqlServerConnections()).out,
-                 first.dataSource() + "\tQuorvexA\nsite\tQuorvexB\n");
+                 first.dataSource() + "\tQuorvexA\n" + second.dataSource() + "\tQuorvexB\n" + second.dataSource()
+                     + "\tQuorvex[1]\n");
         qputenv("ZRT_ODBC", site);
-        QCOMPARE(invoke({"list", "--mode", "LOCAL"}).out, QStringLiteral("QuorvexB\nQuorvexC2023\n"));
+        QCOMPARE(invoke({"list", "--mode", "LOCAL"}).out, QStringLiteral("QuorvexB\nQuorvexC2023\nQuorvex[1]\n"));
         qunsetenv("ZRT_ODBC");
     }
 
@@ -1087,32 +1152,121 @@ private slots:
         QCOMPARE(server.received().user, QStringLiteral("zrt-certificate-probe"));
     }
 
-    void retryRunsWhatWasLeft()
+    void retryTakesWhatTheOperatorNames_data()
     {
-        const QString dir = m_dir.filePath(QStringLiteral("retried"));
+        QTest::addColumn<QStringList>("edited");  // where the index is edited: "databases/2/odbcEnv"
+        QTest::addColumn<QJsonValue>("value");    // undefined: the key removed
+        QTest::addColumn<QStringList>("options"); // beside --retry FOLDER
+        QTest::addColumn<int>("exit");
+        QTest::addColumn<QString>("named");
+        QTest::addColumn<QList<int>>("connections"); // of the first, the second and the other server
+        const QJsonValue removed(QJsonValue::Undefined);
+        const QList<int> left{2, 2, 0}; // each listed again, QuorvexA and QuorvexC run
+        const QList<int> none{0, 0, 0};
+        const auto row = [](const char *name, const QStringList &edited, const QJsonValue &value, int exit,
+                            const QString &named, const QList<int> &connections, const QStringList &options = {}) {
+            QTest::newRow(name) << edited << value << options << exit << named << connections;
+        };
+        row("what was left", {}, removed, 0, QString(), left);
+        row("a number for a name", {"databases/0/database"}, 5, 2, "databases entry 1: 'database' is not a text", none);
+        row("an empty name", {"databases/0/database"}, "", 2, "databases entry 1: the database '' is no name: it is empty", none);
+        row("a name holding NUL", {"databases/0/database"}, QString::fromUtf8("Quorvex\0A", 9), 2, "it holds NUL", none);
+        row("a name longer than 128", {"databases/0/database"}, "Quorvex" + QString(122, 'x'), 2, "longer than the 128", none);
+        row("a server the index does not list", {"databases/0/server"}, "127.0.0.1,1", 2,
+            "databases entry 1: the server '127.0.0.1,1' is none the index lists", none);
+        row("a missing key", {"databases/0/outcome"}, removed, 2, "databases entry 1: 'outcome' is missing", none);
+        row("an unknown outcome", {"databases/0/outcome"}, "skipped", 2, "databases entry 1: 'skipped' is no outcome of run", none);
+        row("another variable in an entry", {"databases/2/odbcEnv"}, "ELSEWHERE_ODBC", 2,
+            "databases entry 3: its mode or odbcEnv is not its server's (servers entry 2)", none);
+        row("another variable for a server", {"servers/1/odbcEnv", "databases/2/odbcEnv"}, "ELSEWHERE_ODBC", 2,
+            "says odbcEnv 'ELSEWHERE_ODBC', ", none);
+        row("another server", {"servers/1/server", "databases/2/server"}, "ELSEWHERE", 2, "('ELSEWHERE') is not a server of ", none);
+        row("a doubled entry", {"databases/3"},
+            QJsonObject{{"database", "QUORVEXA"}, {"server", "FIRST"}, {"mode", "LOCAL"}, {"outcome", "not done"}}, 2,
+            "databases entry 4: it names 'QUORVEXA' on 'FIRST' again, as databases entry 1 does", none);
+        row("a name no longer listed", {"databases/1"},
+            QJsonObject{{"database", "QuorvexGone"}, {"server", "FIRST"}, {"mode", "LOCAL"}, {"outcome", "not done"}}, 0,
+            "no longer lists, so they are not retried: QuorvexGone", left);
+        row("a changed fleet file", {"fleet/sha256"}, QString(64, '0'), 2, "has changed since", none);
+        row("a changed fleet file given again", {"fleet/sha256"}, QString(64, '0'), 0, QString(), left, {"--fleet", "FILE"});
+        row("a fleet file that is gone", {"fleet/file"}, "GONE", 2, "GONE that ", none);
+        row("an --all folder without its server", {"fleet"}, removed, 2, "was made with --all: give its --mode", none);
+        row("an --all folder with one of its servers", {"fleet"}, removed, 2, "servers entry 2 ('SECOND') is not a server of the server given",
+            none, {"--mode", "LOCAL", "--server", "FIRST"});
+    }
+
+    void retryTakesWhatTheOperatorNames()
+    {
+        QFETCH(QStringList, edited);
+        QFETCH(QJsonValue, value);
+        QFETCH(QStringList, options);
+        QFETCH(int, exit);
+        QFETCH(QString, named);
+        QFETCH(QList<int>, connections);
+        TdsListener first({.rows = {{kLocalListing, {"QuorvexA", "QuorvexB"}}}});
+        TdsListener second({.rows = {{kLocalListing, {"QuorvexC"}}}});
+        TdsListener elsewhere({.rows = {{kLocalListing, {"QuorvexA", "QuorvexC"}}}});
+        const auto odbcTo = [](const TdsListener &server) {
+            return "DRIVER={FreeTDS};SERVER=127.0.0.1;PORT=" + server.dataSource().section(',', 1).toUtf8() + ";UID=site;TDS_Version=7.4";
+        };
+        qputenv("SITE_ODBC", odbcTo(second));
+        qputenv("ELSEWHERE_ODBC", odbcTo(elsewhere));
+        const QString dir = m_dir.filePath(QStringLiteral("retry-") + QTest::currentDataTag());
         const QString earlier = dir + "/20240101-000000-run";
         QVERIFY(QDir().mkpath(earlier));
+        const QByteArray fleet = "[[server]]\nserver = \"" + first.dataSource().toUtf8()
+            + "\"\nmode = \"LOCAL\"\n[[server]]\nmode = \"LOCAL\"\nodbc_env = \"SITE_ODBC\"\n";
+        const QString fleetPath = dir + "/fleet.toml";
+        QFile fleetFile(fleetPath);
+        QVERIFY(fleetFile.open(QIODevice::WriteOnly) && fleetFile.write(fleet) == fleet.size());
+        fleetFile.close();
         QJsonArray databases;
-        for (const auto &[name, outcome] : {std::pair{"QuorvexA", "completed"}, {"QuorvexB", "completed with failures"},
-                                            {"QuorvexC", "not done"}})
-            databases.append(QJsonObject{{"database", name}, {"server", "S"}, {"mode", "LOCAL"}, {"outcome", outcome}});
-        const QJsonObject index{{"type", "index"}, {"format", 1}, {"command", "run"}, {"databases", databases},
-                                {"servers", QJsonArray{QJsonObject{{"server", "S"}, {"mode", "LOCAL"}}}}};
-        QFile file(earlier + "/index.json");
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(index).toJson()) > 0);
-        file.close();
-        for (int invocation = 0; invocation < 2; ++invocation) {
-            ScriptedServer server;
-            const Invocation retry = invoke({"run", "--retry", earlier, "--report-dir", dir}, server.connections());
-            QCOMPARE(retry.exit, 0);
-            QVERIFY(retry.err.isEmpty());
-            QStringList opened;
-            for (const QStringList &log : server.logs())
-                opened << log.value(0).section("Initial Catalog=", 1).section(';', 0, 0);
-            opened.sort();
-            QCOMPARE(opened, (QStringList{"QuorvexB", "QuorvexC"}));
+        for (const auto &[name, server, outcome] : {std::tuple{"QuorvexA", &first, "not done"}, {"QuorvexB", &first, "completed"},
+                                                    {"QuorvexC", &second, "completed with failures"}}) {
+            QJsonObject entry{{"database", name}, {"server", server->dataSource()}, {"mode", "LOCAL"}, {"outcome", outcome}};
+            if (server == &second)
+                entry.insert("odbcEnv", "SITE_ODBC");
+            databases.append(entry);
         }
-        QCOMPARE(invocationFolders(dir).size(), 3);
+        const QJsonArray servers{QJsonObject{{"server", first.dataSource()}, {"mode", "LOCAL"}},
+                                 QJsonObject{{"server", second.dataSource()}, {"mode", "LOCAL"}, {"odbcEnv", "SITE_ODBC"}}};
+        QJsonValue index = QJsonObject{
+            {"type", "index"}, {"format", 1}, {"command", "run"}, {"databases", databases}, {"servers", servers},
+            {"fleet", QJsonObject{{"file", fleetPath}, {"sha256", QString(QCryptographicHash::hash(fleet, QCryptographicHash::Sha256).toHex())}}}};
+        // The rows name the servers as FIRST, SECOND and ELSEWHERE, the files as FILE and GONE.
+        const QHash<QString, QString> names{{"FIRST", first.dataSource()}, {"SECOND", second.dataSource()},
+                                            {"ELSEWHERE", elsewhere.dataSource()}, {"FILE", fleetPath}, {"GONE", dir + "/gone.toml"}};
+        const auto spelled = [&names](QString text) {
+            for (auto name = names.begin(); name != names.end(); ++name)
+                text.replace(name.key(), name.value());
+            return text;
+        };
+        if (value.isObject()) {
+            QJsonObject object = value.toObject();
+            object["server"] = spelled(object["server"].toString());
+            value = object;
+        } else if (value.isString()) {
+            value = spelled(value.toString());
+        }
+        for (const QString &path : edited)
+            index = editedJson(index, path.split('/'), value);
+        QFile file(earlier + "/index.json");
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(index.toObject()).toJson()) > 0);
+        file.close();
+        for (QString &option : options)
+            option = spelled(option);
+        const Invocation retry = invoke(QStringList{"run", "--retry", earlier, "--report-dir", dir} + options, sqlServerConnections());
+        qunsetenv("ELSEWHERE_ODBC");
+        QCOMPARE(retry.exit, exit);
+        QVERIFY2(retry.err.contains(spelled(named)), qPrintable(retry.err));
+        QCOMPARE((QList<int>{first.received().connections, second.received().connections, elsewhere.received().connections}),
+                 connections);
+        if (exit != 0)
+            return;
+        QStringList ran;
+        for (const QJsonValue &entry : QJsonDocument::fromJson(fileBytes(invocationFolders(dir).last() + "/index.json"))["databases"].toArray())
+            ran << entry["database"].toString();
+        QCOMPARE(ran, (QStringList{"QuorvexA", "QuorvexC"}));
     }
 
     void onlineOpensWhereTheWindowDoes_data()
@@ -1167,13 +1321,15 @@ private slots:
         for (int i = 0; i < 40; ++i)
             names << QStringLiteral("Quorvex%1").arg(i);
         // Each part's databases as "server name", from a listing that may have one more.
-        const auto split = [parts](const QStringList &listing) {
-            const QList<FleetServer> servers{FleetServer{.server = "S1", .databases = listing},
-                                             FleetServer{.server = "tcp:s2,1433", .databases = listing}};
+        const auto split = [parts](const QStringList &listed) {
+            ScriptedServer scripted;
+            listing(listed)(scripted);
+            const QList<FleetServer> servers{FleetServer{.server = "S1", .mode = "LOCAL", .connections = scripted.connections()},
+                                             FleetServer{.server = "tcp:s2,1433", .mode = "LOCAL", .connections = scripted.connections()}};
             QList<QSet<QString>> split;
             for (int part = 1; part <= parts; ++part) {
                 split << QSet<QString>();
-                for (const FleetDatabase &database : listFleet(servers, FleetShard{part, parts}).databases)
+                for (const FleetDatabase &database : listFleet(servers, FleetShard{part, parts}, nullptr).databases)
                     split.last() << servers[database.server].server + " " + database.name;
             }
             return split;
@@ -1224,8 +1380,9 @@ private slots:
                                                             "<a href=\"#row-3\">QuorvexC</a></li>"));
         QCOMPARE(readJunit(folder + "/junit.xml").cases, readJunit(invocationFolders(dir + "/whole").value(0) + "/junit.xml").cases);
         ScriptedServer again;
-        QCOMPARE(invoke({"run", "--retry", folder, "--report-dir", dir}, again.connections()).exit, 0);
-        QCOMPARE(again.logs().size(), 1); // QuorvexC alone
+        listing({"QuorvexA", "QuorvexB", "QuorvexC", "QuorvexD", "QuorvexE", "QuorvexF"})(again);
+        QCOMPARE(invoke({"run", "--retry", folder, "--mode", "LOCAL", "--server", "S", "--report-dir", dir}, again.connections()).exit, 0);
+        QCOMPARE(again.logs().size(), 2); // its listing, then QuorvexC alone
     }
 
     void mergeRefusals_data()

@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -129,7 +130,8 @@ private slots:
         const qsizetype completed = left.count("completed");
         QVERIFY2(completed < 3 && left[completed] == "interrupted", qPrintable(left.join(", ")));
         const qsizetype before = server.received().logins.size();
-        zrt.start(QStringLiteral(ZRT_PROGRAM), {"run", "--retry", folderIn(reports), "--jobs", "1", "--report-dir", reports + "-retried"});
+        zrt.start(QStringLiteral(ZRT_PROGRAM), {"run", "--retry", folderIn(reports), "--mode", "LOCAL", "--server", server.dataSource(),
+                                                "--jobs", "1", "--report-dir", reports + "-retried"});
         QVERIFY(zrt.waitForFinished(20000));
         QCOMPARE(zrt.exitCode(), 0);
         // The killed program's last login may still arrive after the kill.
@@ -176,7 +178,99 @@ private slots:
         QCOMPARE(zrt.exitStatus(), QProcess::NormalExit);
         QCOMPARE(zrt.exitCode(), 130);
         QVERIFY(zrt.readAllStandardError().contains("zrt run: cannot write the standard output"));
-        QCOMPARE(outcomes(reports), (QStringList{"not done", "not done"}));
+        // Stopped before its listing: the server is left to a retry to list.
+        QCOMPARE(outcomes(reports), QStringList());
+        QFile index(folderIn(reports) + "/index.json");
+        QVERIFY(index.open(QIODevice::ReadOnly));
+        QVERIFY(QJsonDocument::fromJson(index.readAll())["servers"][0]["error"].toString().contains("interrupted"));
+    }
+
+    void aStalledListing_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<bool>("signalled");
+        QTest::addColumn<int>("exit");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("bounded by the statement timeout")
+            << QStringList{"run", "--all", "--mode", "LOCAL", "--statement-timeout", "1"} << false << 4
+            << "answered the login and then did not list its databases within 1 s\n";
+        QTest::newRow("list: one SIGTERM ends it at once") << QStringList{"list", "--mode", "LOCAL"} << true << 130
+                                                           << "was interrupted";
+        QTest::newRow("run --all: one SIGTERM ends it at once")
+            << QStringList{"run", "--all", "--mode", "LOCAL"} << true << 130 << "was interrupted";
+    }
+
+    void aStalledListing()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(bool, signalled);
+        QFETCH(int, exit);
+        QFETCH(QString, said);
+        TdsListener server({.unansweredBatch = kListing});
+        QProcess zrt;
+        QElapsedTimer timer;
+        timer.start();
+        zrt.start(QStringLiteral(ZRT_PROGRAM), arguments + QStringList{"--server", server.dataSource()});
+        if (signalled) {
+            QTRY_VERIFY_WITH_TIMEOUT(server.received().batches.contains(kListing), 10000);
+            timer.restart();
+            ::kill(zrt.processId(), SIGTERM);
+        }
+        QVERIFY(zrt.waitForFinished(10000));
+        QVERIFY2(timer.elapsed() < (signalled ? 1000 : 5000), qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(zrt.exitCode(), exit);
+        const QString err = QString::fromUtf8(zrt.readAllStandardError());
+        QVERIFY2(err.contains("server " + server.dataSource() + " " + said) && !err.contains("cannot reach"), qPrintable(err));
+    }
+
+    // Nothing but the command's own words on the standard error: no warning
+    // of Qt's or a driver's.
+    void everyFormSaysOnlyItsOwn_data()
+    {
+        QTest::addColumn<QStringList>("arguments"); // L the listener, F a fleet file, R a folder to retry, D a folder
+        const QStringList one{"--mode", "LOCAL", "--database", "QuorvexA", "--server", "L"};
+        const QStringList all{"--all", "--mode", "LOCAL", "--server", "L", "--report-dir", "D"};
+        // plan's forms are run's: its preview waits on what the listener does not answer.
+        QTest::newRow("plan --help") << QStringList{"plan", "--help"};
+        for (const char *command : {"run", "check"}) {
+            QTest::addRow("%s", command) << QStringList{command} + one;
+            QTest::addRow("%s --all", command) << QStringList{command} + all;
+            QTest::addRow("%s --fleet", command) << QStringList{command, "--fleet", "F", "--report-dir", "D"};
+            QTest::addRow("%s --retry", command) << QStringList{command, "--retry", "R", "--mode", "LOCAL", "--server", "L"};
+            QTest::addRow("%s --help", command) << QStringList{command, "--help"};
+        }
+        QTest::newRow("script") << QStringList{"script"};
+        QTest::newRow("script --output") << QStringList{"script", "--output", "D/script.sql"};
+        QTest::newRow("list") << QStringList{"list", "--mode", "LOCAL", "--server", "L", "--json"};
+        QTest::newRow("list --fleet") << QStringList{"list", "--fleet", "F"};
+        QTest::newRow("help") << QStringList{"help"};
+        QTest::newRow("help list") << QStringList{"help", "list"};
+        QTest::newRow("-V") << QStringList{"-V"};
+    }
+
+    void everyFormSaysOnlyItsOwn()
+    {
+        QFETCH(QStringList, arguments);
+        TdsListener server({.rows = {{kListing, {"QuorvexA"}}}});
+        const QString dir = m_dir.filePath(QStringLiteral("said-") + QTest::currentDataTag());
+        QVERIFY(QDir().mkpath(dir + "/retried"));
+        const QByteArray at = server.dataSource().toUtf8();
+        for (const auto &[path, text] : {std::pair{"/fleet.toml", "[[server]]\nserver = \"" + at + "\"\nmode = \"LOCAL\"\n"},
+                                         {"/retried/index.json", R"({"type": "index", "format": 1, "command": "run", "servers": [{"server": ")"
+                                          + at + R"(", "mode": "LOCAL"}], "databases": [{"database": "QuorvexA", "server": ")" + at
+                                          + R"(", "mode": "LOCAL", "outcome": "not done"}]})"}}) {
+            QFile file(dir + path);
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        }
+        for (QString &argument : arguments) {
+            argument = argument == "L" ? server.dataSource() : argument == "F" ? dir + "/fleet.toml" : argument == "R" ? dir + "/retried" : argument;
+            argument.replace(QRegularExpression("^D"), dir);
+        }
+        QProcess zrt;
+        zrt.start(QStringLiteral(ZRT_PROGRAM), arguments);
+        QVERIFY(zrt.waitForFinished(60000));
+        QVERIFY2(zrt.exitCode() == 0 || (arguments.first() == "check" && zrt.exitCode() == 1), qPrintable(QString::number(zrt.exitCode())));
+        QCOMPARE(QString::fromUtf8(zrt.readAllStandardError()), QString());
     }
 };
 

@@ -8,7 +8,8 @@ int sqlite3_extension_init(sqlite3 *db, char **error, const sqlite3_api_routines
 {
     SQLITE_EXTENSION_INIT2(api);
     const char *main = sqlite3_db_filename(db, "main");
-    char *attach = sqlite3_mprintf("ATTACH DATABASE '%q-dbo' AS dbo", main ? main : "");
+    char *attach = sqlite3_mprintf("ATTACH DATABASE '%q-dbo' AS dbo; ATTACH DATABASE '%q-sys' AS sys", main ? main : "",
+                                   main ? main : "");
     const int result = sqlite3_exec(db, attach, 0, 0, error);
     sqlite3_free(attach);
     return result;
