@@ -772,6 +772,7 @@ private slots:
         QTest::newRow("could not start") << "run" << "could not start" << "failure" << "XUD";
         QTest::newRow("not done") << "run" << "not done" << "skipped" << "UXD";
         QTest::newRow("not started") << "run" << "not started" << "skipped" << "UXD";
+        QTest::newRow("busy: another run held the database") << "run" << "busy" << "skipped" << "UXD";
         QTest::newRow("check: matches") << "check" << "matches" << "" << "UDX";
         QTest::newRow("check: differs") << "check" << "differs" << "failure" << "XUD";
     }
