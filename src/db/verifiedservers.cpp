@@ -74,7 +74,9 @@ QString verifiedServerSection(const VerifiedServer &server, QString &error)
     }
     conf.text = text;
     conf.servers << server;
-    // Set once, the first time; the driver reads it at each connection.
+    // Set once, the first time, and read by the driver at each connection.
+    // Every fleet lists its servers before its runs start on threads of their
+    // own, so that first time comes before them.
     if (qEnvironmentVariable("FREETDSCONF") != path)
         qputenv("FREETDSCONF", QFile::encodeName(path));
     return name;
