@@ -279,8 +279,8 @@ DbStatus OdbcConnection::close()
 
 ConnectionFactory sqlServerConnections(OdbcTimeouts timeouts, std::optional<Encryption> encryption)
 {
-    const auto toOdbc = [encryption](const QString &oleDb) {
-        return odbcTargetFromOleDb(oleDb, encryption.value_or(encryptionFromEnvironment()));
+    const auto toOdbc = [encryption, timeouts](const QString &oleDb) {
+        return odbcTargetFromOleDb(oleDb, encryption.value_or(encryptionFromEnvironment()), timeouts.statementSeconds);
     };
     return [timeouts, toOdbc] { return std::make_unique<OdbcConnection>(toOdbc, timeouts); };
 }

@@ -68,7 +68,7 @@ OdbcTarget refused(const QString &why)
 
 } // namespace
 
-OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryption)
+OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryption, int requestSeconds)
 {
     if (const std::optional<EncryptionRefusal> refusal =
             encryptionRefusal(encryption, QStringLiteral("ZRT_ENCRYPT"), QStringLiteral("ZRT_TLS_CA")))
@@ -92,10 +92,14 @@ OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryptio
                 credentials << QLatin1String(odbcName) + ole.keywords.value(QLatin1String(oleDbName));
         }
     }
-    const QStringList rest{QLatin1String("TDS_Version=") + QLatin1String(kTdsVersion), QStringLiteral("ClientCharset=UTF-8"),
-                           QLatin1String("Encryption=")
-                               + (encryption.mode == QLatin1String(kEncryptUnverified) ? QLatin1String(kEncryptRequire)
-                                                                                         : encryption.mode)};
+    QStringList rest{QLatin1String("TDS_Version=") + QLatin1String(kTdsVersion), QStringLiteral("ClientCharset=UTF-8"),
+                     QLatin1String("Encryption=")
+                         + (encryption.mode == QLatin1String(kEncryptUnverified) ? QLatin1String(kEncryptRequire)
+                                                                                   : encryption.mode)};
+    // The driver waits on a transaction's beginning or end without any bound
+    // of the ODBC attributes; only its own Timeout keyword bounds it.
+    if (requestSeconds > 0)
+        rest << QStringLiteral("Timeout=%1").arg(requestSeconds);
     QStringList address{QLatin1String("SERVER=") + server.host};
     if (server.port != 0)
         address << QStringLiteral("PORT=%1").arg(server.port);

@@ -21,8 +21,11 @@ struct OdbcTarget
 // ZRT_ODBC_DRIVER (default FreeTDS), encrypted as `encryption` says. No text
 // typed or listed goes into the driver's keywords: the catalog is named at
 // login as an attribute, and a server name that the driver would read as more
-// keywords is refused.
-OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryption = encryptionFromEnvironment());
+// keywords is refused. `requestSeconds` bounds what the driver asks of the
+// server outside a statement (beginning and ending a transaction); 0 waits
+// for ever.
+OdbcTarget odbcTargetFromOleDb(const QString &oleDb, const Encryption &encryption = encryptionFromEnvironment(),
+                               int requestSeconds = 0);
 
 // An ODBC string the operator gave, used for the database that `oleDb` names:
 // the string as given, less a DATABASE keyword naming another catalog (as the

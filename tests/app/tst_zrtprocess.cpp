@@ -194,6 +194,9 @@ private slots:
         QTest::newRow("bounded by the statement timeout")
             << QStringList{"run", "--all", "--mode", "LOCAL", "--statement-timeout", "1"} << false << 4
             << "answered the login and then did not list its databases within 1 s\n";
+        QTest::newRow("plan: a transaction the server never begins is bounded too")
+            << QStringList{"plan", "--mode", "LOCAL", "--database", "QuorvexA", "--statement-timeout", "1"} << false << 4
+            << "cannot preview without a transaction";
         QTest::newRow("list: one SIGTERM ends it at once") << QStringList{"list", "--mode", "LOCAL"} << true << 130
                                                            << "was interrupted";
         QTest::newRow("run --all: one SIGTERM ends it at once")
@@ -220,7 +223,8 @@ private slots:
         QVERIFY2(timer.elapsed() < (signalled ? 1000 : 5000), qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(zrt.exitCode(), exit);
         const QString err = QString::fromUtf8(zrt.readAllStandardError());
-        QVERIFY2(err.contains("server " + server.dataSource() + " " + said) && !err.contains("cannot reach"), qPrintable(err));
+        QVERIFY2(err.contains("server " + server.dataSource()) && err.contains(said) && !err.contains("cannot reach"),
+                 qPrintable(err));
     }
 
     // Nothing but the command's own words on the standard error: no warning
