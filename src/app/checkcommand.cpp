@@ -1,7 +1,7 @@
 #include "checkcommand.h"
 
 #include "commandoptions.h"
-#include "databasecheck.h"
+#include "allchecks.h"
 #include "exitstatus.h"
 #include "fleetdisplay.h"
 #include "fleetoptions.h"

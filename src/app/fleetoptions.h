@@ -1,8 +1,7 @@
 #pragma once
 
 #include "commandcontext.h"
-#include "fleet.h"
-#include "fleetfile.h"
+#include "fleetservers.h"
 
 #include <QCommandLineParser>
 
@@ -10,15 +9,7 @@
 bool namesAFleet(const QCommandLineParser &parser);
 
 // The servers that --fleet, --retry, or --mode with --server, --odbc or
-// ZRT_ODBC name, each with its connections and where messages say it is;
-// with --fleet, the file's jobs too. Else a usage message was printed.
-struct FleetServers
-{
-    QList<FleetServer> servers;
-    std::optional<int> jobs;
-    std::optional<FleetFileOrigin> fleetFile;
-};
-
+// ZRT_ODBC name; with --fleet, the file's jobs too. Else a usage message was printed.
 std::optional<FleetServers> checkedServers(const QCommandLineParser &parser, const QString &command,
                                            CommandContext &context, int statementSeconds);
 
@@ -33,6 +24,3 @@ std::optional<FleetWork> checkedFleet(const QCommandLineParser &parser, const QS
 // are given; else a usage message was printed.
 std::optional<FleetLockKeys> checkedLockOptions(const QCommandLineParser &parser, const QString &command,
                                                 CommandContext &context);
-
-// `locks` with what `given` says instead.
-LockPolicy withLockKeys(LockPolicy locks, const FleetLockKeys &given);

@@ -1,6 +1,6 @@
 #include "runjunit.h"
 
-#include "fleetentry.h"
+#include "outcomewords.h"
 #include "programversion.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "fleetjunit.h"
 
-#include "fleetentry.h"
+#include "outcomewords.h"
 #include "junitxml.h"
 
 #include <QJsonArray>

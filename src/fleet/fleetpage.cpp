@@ -1,6 +1,6 @@
 #include "fleetpage.h"
 
-#include "fleetentry.h"
+#include "outcomewords.h"
 #include "previewfindings.h"
 #include "printabletext.h"
 

@@ -1,4 +1,4 @@
-#include "fleetentry.h"
+#include "outcomewords.h"
 
 #include <QJsonArray>
 
