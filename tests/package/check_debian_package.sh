@@ -95,7 +95,7 @@ offered() { # the words the completion offers after "zrt $*"
         COMP_CWORD=$# && "${registered[2]}" && echo " ${COMPREPLY[*]} "' "$bash_completion" "$@")
 }
 words() { tr ' ' '\n' <<<"$1" | sed '/^$/d' | sort | paste -sd' '; }
-[ "$(words "$(offered "")")" = "$(words "script list run plan check help -h --help -V --version")" ] ||
+[ "$(words "$(offered "")")" = "$(words "script list run plan check merge help -h --help -V --version")" ] ||
     fail "'zrt ' offers$(offered "")"
 expect() { # words, expected, unexpected, after "zrt" and these words
     local got expected=$1 unexpected=$2
@@ -108,7 +108,8 @@ expect "--mode --database --server --odbc --create-at --report --all --fleet --r
 expect "--mode --server --odbc --jobs --max-failures --report-dir --json --quiet" "--database --create-at --fleet" run --all ""
 expect "--jobs --max-failures --report-dir --statement-timeout --verbose" "--mode --server --odbc --all" plan --fleet f ""
 expect "--mode --server --odbc --jobs --report-dir --json" "--database --create-at --quiet" check --all ""
-expect "--odbc --jobs --report-dir" "--mode --server --statement-timeout" check --retry d ""
+expect "--fleet --mode --odbc --jobs --report-dir" "--database --statement-timeout" check --retry d ""
+expect "--report-dir" "--mode --jobs" merge ""
 expect "--database --all" "--odbc" check --server s ""
 expect "--report" "--quiet --verbose" plan --json ""
 expect "OFFLINE LOCAL ONLINE" "--database" run --mode ""
@@ -153,7 +154,7 @@ walk() { # command, first options: types the words the completion offers one aft
     done
     walked+=" ${typed[*]} "
 }
-for command in script list run plan check; do
+for command in script list run plan check merge; do
     walked=""
     walk "$command"
     # Then from each first word that the walk left behind: another form, an alternative.
