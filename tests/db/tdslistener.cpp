@@ -12,7 +12,10 @@
 
 namespace {
 
-enum : char { kBatch = 0x01, kAttention = 0x06, kLogin = 0x10, kPrelogin = 0x12 };
+enum : char { kBatch = 0x01, kAttention = 0x06, kTransactionManager = 0x0e, kLogin = 0x10, kPrelogin = 0x12 };
+// What a transaction manager request asks, and the change the reply tells.
+enum : quint16 { kBeginTransaction = 5, kCommitTransaction = 7, kRollbackTransaction = 8 };
+enum : char { kTransactionBegun = 8, kTransactionCommitted = 9, kTransactionRolledBack = 10 };
 
 // Whole replies, one packet each. Pre-login: version 15.0.2000, then the
 // encryption byte: required (all of the session) or not supported.
@@ -63,6 +66,23 @@ QByteArray loginAck()
 QByteArray databaseChange(const QString &database)
 {
     return token(char(0xe3), QByteArray(1, '\x01') + char(database.size()) + utf16Bytes(database) + QByteArray(1, '\0'));
+}
+
+// The reply to a transaction manager request: the transaction it began or
+// ended, always the same one, as the server tells it.
+QByteArray transactionChange(quint16 request)
+{
+    const QByteArray descriptor = QByteArray(1, '\x08') + QByteArray::fromHex("0100000000000000");
+    const QByteArray none(1, '\0');
+    switch (request) {
+    case kBeginTransaction:
+        return token(char(0xe3), kTransactionBegun + descriptor + none);
+    case kCommitTransaction:
+        return token(char(0xe3), kTransactionCommitted + none + descriptor);
+    case kRollbackTransaction:
+        return token(char(0xe3), kTransactionRolledBack + none + descriptor);
+    }
+    return QByteArray();
 }
 
 // A result set of one nvarchar column, then done with its count.
@@ -212,6 +232,11 @@ void TdsListener::converse(TdsSocket &client)
             else
                 client.write(packet((m_script.landsIn.isEmpty() ? QByteArray() : databaseChange(m_script.landsIn))
                                     + loginAck() + QByteArray::fromHex(kDone)));
+        } else if (type == kTransactionManager) {
+            const quint16 request = qFromLittleEndian<quint16>(body.constData() + qFromLittleEndian<quint32>(body.constData()));
+            m_received.transactionRequests << request;
+            if (m_script.answersTransactions)
+                client.write(packet(transactionChange(request) + QByteArray::fromHex(kDone)));
         } else if (type == kAttention) {
             client.write(packet(QByteArray::fromHex(kCancelled)));
         } else if (type == kBatch) {

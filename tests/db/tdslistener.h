@@ -13,9 +13,10 @@
 class TdsSocket;
 
 // A listener on the loopback address that speaks just enough of SQL Server's
-// TDS protocol for the real driver to log in and send batches, and records
-// what it receives. Encryption is offered only with a certificate. Each client is served on a
-// thread of its own, as a server serves its sessions at once.
+// TDS protocol for the real driver to log in, send batches and begin and end
+// transactions, and records what it receives. Encryption is offered only with
+// a certificate. Each client is served on a thread of its own, as a server
+// serves its sessions at once.
 class TdsListener
 {
 public:
@@ -34,6 +35,7 @@ public:
         Manner manner = Manner::Answering;
         QString refusedBatch;            // refused with kRefusal
         QString unansweredBatch;         // no answer until the client cancels
+        bool answersTransactions = true; // false: a transaction's beginning or end is never answered
         QString hangUpBatch;             // the connection is closed instead of an answer
         std::optional<Error> loginError; // every login refused with it
         QString landsIn;                 // every login answered as landing in this database
@@ -62,6 +64,7 @@ public:
         QStringList logins; // the database named in each login, in turn
         int encrypted = 0;  // logins that came under TLS
         QStringList batches;
+        QList<int> transactionRequests; // what each asked: 5 begin, 7 commit, 8 roll back
     };
 
     static constexpr int kRefusal = 50123;
